@@ -1,0 +1,29 @@
+# tollvane_options: the one place that says how our own code is compiled.
+add_library(tollvane_options INTERFACE)
+target_compile_features(tollvane_options INTERFACE cxx_std_20)
+target_include_directories(tollvane_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+if(MSVC)
+  target_compile_options(tollvane_options INTERFACE /W4 /WX /permissive- /EHsc)
+  target_compile_definitions(tollvane_options INTERFACE _CRT_SECURE_NO_WARNINGS)
+else()
+  target_compile_options(tollvane_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+endif()
+
+if(WIN32)
+  # The program is an 8-bit program in the system's code page: the generic names mean the A functions.
+  target_compile_definitions(tollvane_options INTERFACE
+    WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0A00 _WIN32_WINNT=0x0A00 STRICT)
+  if(NOT MSVC)
+    target_compile_options(tollvane_options INTERFACE -fstack-protector-strong)
+    target_link_options(tollvane_options INTERFACE -fstack-protector-strong)
+  endif()
+else()
+  if(TOLLVANE_SANITIZE)
+    target_compile_options(tollvane_options INTERFACE
+      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tollvane_options INTERFACE -fsanitize=address,undefined)
+  endif()
+  target_compile_definitions(tollvane_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()

@@ -1,0 +1,81 @@
+#include "platform/SecretText.h"
+
+#include "platform/Error.h"
+
+#include <ostream>
+#include <utility>
+
+namespace tollvane {
+
+namespace {
+constexpr std::size_t kShownDigits = 4;
+} // namespace
+
+void wipeMemory(void* memory, std::size_t size) noexcept {
+    volatile char* bytes = static_cast<volatile char*>(memory);
+    for (std::size_t i = 0; i < size; ++i) {
+        bytes[i] = 0;
+    }
+}
+
+void wipe(std::string& text) noexcept {
+    // The bytes between size and capacity may still hold a longer, earlier text.
+    text.resize(text.capacity());
+    wipeMemory(text.data(), text.size());
+    text.clear();
+}
+
+SecretText::SecretText(std::string_view text) : bytes_(text.begin(), text.end()) {}
+
+SecretText::SecretText(SecretText&& other) noexcept : bytes_(std::move(other.bytes_)) {}
+
+SecretText& SecretText::operator=(const SecretText& other) {
+    if (this != &other) {
+        SecretText copy(other);
+        *this = std::move(copy);
+    }
+    return *this;
+}
+
+SecretText& SecretText::operator=(SecretText&& other) noexcept {
+    if (this != &other) {
+        clear();
+        bytes_ = std::move(other.bytes_);
+        other.bytes_.clear();
+    }
+    return *this;
+}
+
+SecretText::~SecretText() { clear(); }
+
+void SecretText::append(char character) {
+    if (bytes_.size() == bytes_.capacity()) {
+        // Growing by hand: a vector's own reallocation would leave the old buffer unwiped.
+        std::vector<char> grown;
+        grown.reserve(bytes_.capacity() * 2 + 32);
+        grown.assign(bytes_.begin(), bytes_.end());
+        clear();
+        bytes_ = std::move(grown);
+    }
+    bytes_.push_back(character);
+}
+
+void SecretText::clear() noexcept {
+    wipeMemory(bytes_.data(), bytes_.size());
+    bytes_.clear();
+}
+
+std::string SecretText::masked() const {
+    if (bytes_.size() < kShownDigits) {
+        throw Error(errornumber::invalidProcedureCall, "Tollvane",
+                    "Invalid procedure call or argument");
+    }
+    const std::size_t hidden = bytes_.size() - kShownDigits;
+    return std::string(hidden, '*') + std::string(view().substr(hidden));
+}
+
+std::ostream& operator<<(std::ostream& out, const SecretText& secret) {
+    return out << "<secret, " << secret.size() << " characters>";
+}
+
+} // namespace tollvane
