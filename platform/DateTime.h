@@ -22,9 +22,9 @@ struct DateTime {
 enum class DateOrder { monthDayYear = 0, dayMonthYear = 1, yearMonthDay = 2 };
 
 /// The date that a text stands for, or nothing when it is no valid date. Understands numbers
-/// separated by "-", "/" or "." in the locale's order (falling back to the order in which they do
-/// make a date), two-digit years (30 to 99: 19xx, else 20xx), and month-year ("3-2027" is
-/// 1 March 2027).
+/// separated by "-", "/" or "." in the locale's order (falling back to an order in which they do
+/// make a date) and two numbers as month and year ("3-2027" and "2027-3" are 1 March 2027). Years
+/// from 50 to 99 mean 19xx, smaller ones 20xx.
 std::optional<DateTime> dateFromText(std::string_view text, DateOrder order);
 
 /// Calendar-month boundaries crossed from one date to the other; negative when `to` lies earlier.

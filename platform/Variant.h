@@ -28,7 +28,9 @@ struct Argument {
 };
 
 /// Conversions of a component's answer. All raise 13 when the type does not convert and 6 when the
-/// number does not fit. Empty reads as false, 0, no amount and "".
+/// number does not fit. Empty reads as false, 0, no amount and "". Fractions round half to even.
+/// Numbers in a text are read with the default MoneyStyle, except by asMoney. A secret converts to
+/// nothing but a secret, and a date only to text ("2027-03-01 10:30:00").
 bool asBool(const Variant& value);
 std::int32_t asInt(const Variant& value);
 std::string asText(const Variant& value);

@@ -1,0 +1,65 @@
+#include "platform/LocaleStyle.h"
+
+#include <charconv>
+
+namespace tollvane {
+
+namespace {
+
+/// Only the item's absence keeps the fallback: a locale may well have an empty group separator.
+void read(Locale& locale, std::uint32_t item, std::string& text) {
+    const std::uint32_t user = locale.userDefault();
+    if (locale.info(user, item, nullptr, 0) > 0) {
+        text = localeText(locale, user, item);
+    }
+}
+
+void read(Locale& locale, std::uint32_t item, int& number) {
+    std::string text;
+    read(locale, item, text);
+    int value = 0;
+    const auto end = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (end.ec == std::errc() && value >= 0) {
+        number = value;
+    }
+}
+
+} // namespace
+
+std::string localeText(Locale& locale, std::uint32_t which, std::uint32_t item) {
+    const int size = locale.info(which, item, nullptr, 0);
+    if (size <= 0) {
+        return {};
+    }
+    std::string text(static_cast<std::size_t>(size), '\0');
+    const int written = locale.info(which, item, text.data(), size);
+    text.resize(written > 0 ? static_cast<std::size_t>(written - 1) : 0);
+    return text;
+}
+
+MoneyStyle moneyStyle(Locale& locale) {
+    constexpr int kMostDigits = 9;
+    MoneyStyle style;
+    read(locale, localeitem::currencySymbol, style.currencySymbol);
+    read(locale, localeitem::decimalSeparator, style.decimalSeparator);
+    read(locale, localeitem::groupSeparator, style.groupSeparator);
+    read(locale, localeitem::moneyDecimal, style.moneyDecimal);
+    read(locale, localeitem::moneyGroup, style.moneyGroup);
+    read(locale, localeitem::moneyGrouping, style.moneyGrouping);
+    read(locale, localeitem::negativeSign, style.negativeSign);
+    read(locale, localeitem::currencyDigits, style.digits);
+    read(locale, localeitem::positiveCurrencyOrder, style.positiveOrder);
+    read(locale, localeitem::negativeCurrencyOrder, style.negativeOrder);
+    style.digits = style.digits > kMostDigits ? kMostDigits : style.digits;
+    return style;
+}
+
+DateOrder dateOrder(Locale& locale) {
+    int order = 0;
+    read(locale, localeitem::dateOrder, order);
+    return order == 1   ? DateOrder::dayMonthYear
+           : order == 2 ? DateOrder::yearMonthDay
+                        : DateOrder::monthDayYear;
+}
+
+} // namespace tollvane
