@@ -1,0 +1,5 @@
+// What automation.idl stands for on the C++ side.
+#pragma once
+#include <windows.h>
+
+#include <oaidl.h>
