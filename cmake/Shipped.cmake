@@ -1,0 +1,12 @@
+# What an installation consists of. Building "shipped" builds it; the install component "shipped"
+# gathers it in one folder.
+include_guard(GLOBAL)
+if(NOT WIN32)
+  return()
+endif()
+
+add_custom_target(shipped)
+foreach(target Tollvane zendacard habitat dcZenda32)
+  add_dependencies(shipped ${target})
+  install(TARGETS ${target} RUNTIME DESTINATION . COMPONENT shipped)
+endforeach()

@@ -1,0 +1,97 @@
+"""A display to play on: the user's own one, or Xvfb with openbox."""
+
+import os
+import subprocess
+import tempfile
+
+from .waiting import until
+
+
+class Display:
+    """Keys go in, pictures come out. Use it in a `with` block."""
+
+    def __init__(self, size="1280x1024", dpi=96, number=None):
+        """`number` names a display that is already there (":0"); else one is started."""
+        self._size, self._dpi = size, dpi
+        self.number = number
+        self._processes = []
+
+    def __enter__(self):
+        if self.number is None:
+            self._start()
+        return self
+
+    def __exit__(self, *unused):
+        for process in reversed(self._processes):
+            process.terminate()
+            process.wait(10)
+
+    def _start(self):
+        read, write = os.pipe()
+        command = ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self._size}x24",
+                   "-dpi", str(self._dpi), "-nolisten", "tcp"]
+        self._launch(command, pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as answer:
+            self.number = ":" + answer.readline().strip()
+        settings = tempfile.NamedTemporaryFile("w", suffix=".xml")
+        settings.write(OPENBOX)
+        settings.flush()
+        self._settings = settings
+        self._launch(["openbox", "--sm-disable", "--config-file", settings.name])
+        until("the window manager", self._is_managed)
+
+    def _launch(self, command, **options):
+        process = subprocess.Popen(command, env=self.environment(), stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
+        self._processes.append(process)
+
+    def _is_managed(self):
+        answer = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], text=True,
+                                env=self.environment(), capture_output=True, check=False)
+        return "window id" in answer.stdout
+
+    def environment(self):
+        """The environment of a program that shall show itself here."""
+        return {**os.environ, "DISPLAY": self.number or ""}
+
+    def run(self, *command):
+        """Runs a tool of the display and returns what it prints."""
+        answer = subprocess.run(command, env=self.environment(), text=True, capture_output=True,
+                                check=True, timeout=60)
+        return answer.stdout
+
+    def picture(self, path, xid="root"):
+        """Keeps a PNG of the whole display, or of one window with its frame."""
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        self.run("import", "-silent", "-window", str(xid), str(path))
+        return path
+
+    def type(self, text, delay=4):
+        """Types a text into whatever has the focus; `delay` in ms between the keys."""
+        self.run("xdotool", "type", "--delay", str(delay), "--", text)
+
+    def press(self, *keys):
+        """Presses keys one after the other, in xdotool's names ("Tab", "alt+p")."""
+        self.run("xdotool", "key", "--delay", "4", *keys)
+
+    def click(self, x, y, button=1, repeat=1):
+        """Clicks at a point of the display."""
+        self.run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(repeat),
+                 "--delay", "40", str(button))
+
+    def activate(self, xid):
+        """Brings a window to the front and gives it the keyboard."""
+        self.run("xdotool", "windowactivate", "--sync", str(xid))
+
+
+# A plain frame, and a new window always gets the keyboard.
+OPENBOX = """<?xml version="1.0"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
+  <placement><policy>Smart</policy></placement>
+  <theme><name>Clearlooks</name></theme>
+  <desktops><number>1</number></desktops>
+  <applications><application class="*"><focus>yes</focus></application></applications>
+</openbox_config>
+"""

@@ -1,0 +1,114 @@
+"""A Wine prefix of the journey's own, with the shipped files installed as on a shop's machine."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+
+TOP = pathlib.Path(__file__).resolve().parents[3]
+STAGE = TOP / "build" / "stage"
+TEMPLATE = TOP / "build" / "prefix-template"
+INSTALLED = pathlib.Path("drive_c/Program Files/Norrow Programs/Tollvane")
+SETTINGS_KEY = r"HKLM\Software\Norrow Programs\Tollvane"
+
+
+def shell(function, *arguments):
+    """Runs one function of tools/wine.sh."""
+    script = 'top=$1; shift; . "$top/tools/lib.sh"; . "$top/tools/wine.sh"; "$@"'
+    subprocess.run(["bash", "-euc", script, "bash", str(TOP), function, *map(str, arguments)],
+                   check=True)
+
+
+class Prefix:
+    """A Windows of one's own, in a folder."""
+
+    def __init__(self, folder, display=None):
+        self.folder = pathlib.Path(folder)
+        self.program_folder = self.folder / INSTALLED
+        self.display = display
+        self._started = []
+
+    @classmethod
+    def installed(cls, folder, display=None):
+        """A fresh copy of a prefix in which the program was just installed."""
+        template = TOP / "build" / "prefix-installed"
+        shell("make_prefix", template)
+        shell("install_program", template, STAGE)
+        shell("stop_wine", template)
+        prefix = cls(folder, display)
+        prefix.remove()
+        copy_prefix(template, prefix.folder)
+        return prefix
+
+    def environment(self):
+        """The environment of a program inside this prefix."""
+        base = self.display.environment() if self.display else {**os.environ, "DISPLAY": ""}
+        return {**base, "WINEPREFIX": str(self.folder), "WINEARCH": "win64", "WINEDEBUG": "-all",
+                "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d;winedbg.exe=d",
+                "LC_ALL": "C.UTF-8"}
+
+    def start(self, program, *arguments, **options):
+        """Starts a program and does not wait for it."""
+        defaults = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL,
+                    "stderr": subprocess.DEVNULL, "cwd": self.program_folder}
+        process = subprocess.Popen(["wine", str(program), *arguments], env=self.environment(),
+                                   **{**defaults, **options})
+        self._started.append(process)
+        return process
+
+    def run(self, program, *arguments, check=True):
+        """Runs a console program to its end and returns what it prints."""
+        answer = subprocess.run(["wine", str(program), *arguments], env=self.environment(),
+                                cwd=self.program_folder, text=True, errors="replace",
+                                capture_output=True, timeout=120, check=False)
+        if check and answer.returncode != 0:
+            raise RuntimeError(f"{program} {arguments}: {answer.returncode} {answer.stdout}")
+        return answer.stdout.replace("\r\n", "\n")
+
+    def set_value(self, sub_key, name, kind, value):
+        """Writes a value of the settings store, below the program's own key."""
+        self.run("reg", "add", SETTINGS_KEY + sub_key, "/v", name, "/t", kind, "/d", str(value),
+                 "/f")
+
+    def value(self, sub_key, name):
+        """The text that the system's own tool shows for a value; None when it is not there."""
+        shown = self.run("reg", "query", SETTINGS_KEY + sub_key, "/v", name, check=False)
+        for line in shown.splitlines():
+            words = line.split(None, 2)
+            if len(words) >= 2 and words[0] == name:
+                return words[2] if len(words) == 3 else ""
+        return None
+
+    def stop(self):
+        """Ends everything that runs in the prefix and has the registry written to its files."""
+        subprocess.run(["wineserver", "-k"], env=self.environment(), check=False)
+        subprocess.run(["wineserver", "-w"], env=self.environment(), check=False, timeout=60)
+        for process in self._started:
+            process.wait(10)
+        self._started.clear()
+
+    def remove(self):
+        """Stops the prefix and takes its folder away."""
+        if self.folder.exists():
+            self.stop()
+            shutil.rmtree(self.folder)
+
+
+def copy_prefix(source, target):
+    """Copies a prefix that is at rest. What the system brings is linked; what changes is copied."""
+    target.mkdir(parents=True)
+    system = source / "drive_c" / "windows"
+    for entry in source.iterdir():
+        if entry.name not in ("drive_c", "wineserver"):
+            copy(entry, target / entry.name)
+    for entry in (source / "drive_c").iterdir():
+        if entry != system:
+            copy(entry, target / "drive_c" / entry.name)
+    for entry in system.iterdir():
+        copy(entry, target / "drive_c" / "windows" / entry.name, linked=entry.is_dir())
+
+
+def copy(source, target, linked=False):
+    """Copies one file or folder and keeps its times, or links it."""
+    target.parent.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["cp", "-al" if linked else "-a", str(source), str(target)], check=True)

@@ -1,0 +1,107 @@
+"""Eyes: what windows and controls stand on the Windows desktop, by asking the probe program."""
+
+import json
+import subprocess
+
+from .prefix import TOP
+
+PROBE = TOP / "build" / "x64" / "tests" / "journeys" / "probe" / "probe.exe"
+
+
+class Control(dict):
+    """What the probe tells of one control; members read like attributes."""
+
+    def __getattr__(self, name):
+        return self[name]
+
+    @property
+    def kind(self):
+        """The class of the window."""
+        return self["class"]
+
+    @property
+    def caption(self):
+        """The text without the mark of the access key."""
+        return self["text"].replace("&&", "\0").replace("&", "").replace("\0", "&")
+
+    @property
+    def centre(self):
+        """The middle, in pixels of the display."""
+        left, top, right, bottom = self["rect"]
+        return (left + right) // 2, (top + bottom) // 2
+
+
+class Window(Control):
+    """A top-level window and, when asked, its controls."""
+
+    def __init__(self, facts, probe):
+        super().__init__(facts)
+        self._probe = probe
+
+    def controls(self):
+        """All descendants, in the order of their creation."""
+        return [Control(facts) for facts in self._probe.ask(f"controls {self['hwnd']}")]
+
+    def control(self, name):
+        """The control of that name, or else of that caption or whole text; None when absent."""
+        there = self.controls()
+        for control in there:
+            if control["name"] == name:
+                return control
+        for control in there:
+            if name in (control.caption, control["text"]):
+                return control
+        return None
+
+    @property
+    def is_message_box(self):
+        """Message boxes and other dialogs share the system's dialog class."""
+        return self["class"] == "#32770"
+
+    def message(self):
+        """The texts of a message box, longest first in the way; one text in practice."""
+        texts = [c["text"] for c in self.controls() if c.kind == "Static" and c["text"]]
+        return "\n".join(texts).replace("\r\n", "\n")
+
+    def buttons(self):
+        """The captions of the buttons that show."""
+        return [c.caption for c in self.controls() if c.kind == "Button" and c["visible"]]
+
+    def default_button(self):
+        """The caption of the button that Enter presses."""
+        for control in self.controls():
+            if control.kind == "Button" and control["default"]:
+                return control.caption
+        return None
+
+
+class Probe:
+    """One probe program, kept running for quick answers."""
+
+    def __init__(self, prefix):
+        self._prefix = prefix
+        self._process = None
+
+    def ask(self, question):
+        """The probe's answer to one question."""
+        if self._process is None:
+            self._process = self._prefix.start(PROBE, stdin=subprocess.PIPE,
+                                               stdout=subprocess.PIPE, text=True,
+                                               encoding="utf-8")
+        self._process.stdin.write(question + "\n")
+        self._process.stdin.flush()
+        answer = self._process.stdout.readline()
+        if not answer:
+            raise RuntimeError(f"the probe ended on the question {question!r}")
+        return json.loads(answer)
+
+    def windows(self):
+        """The visible top-level windows, topmost first."""
+        return [Window(facts, self) for facts in self.ask("windows")]
+
+    def close(self):
+        """Ends the probe."""
+        if self._process is not None:
+            self._process.stdin.close()
+            self._process.wait(10)
+            self._process = None

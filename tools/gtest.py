@@ -1,0 +1,80 @@
+"""Runs the GoogleTest programs of a build folder and counts their cases."""
+
+import json
+import os
+import pathlib
+import subprocess
+import tempfile
+
+TIME_LIMIT = 1500
+
+
+def programs(build):
+    """The test programs that the build declares with add_test."""
+    shown = subprocess.run(["ctest", "--test-dir", str(build), "--show-only=json-v1"], text=True,
+                           check=True, capture_output=True).stdout
+    return sorted({test["command"][-1] for test in json.loads(shown)["tests"]})
+
+
+def undeclared(build, declared):
+    """Programs with the look of tests that no add_test names: they would never run."""
+    return [str(path) for path in pathlib.Path(build).rglob("*[Tt]ests*")
+            if path.suffix in ("", ".exe") and path.is_file() and str(path) not in declared]
+
+
+def run_all(build, tally, launcher=(), environment=None, shards=1):
+    """Runs each program, in `shards` processes at a time, and adds up the cases."""
+    lost = undeclared(build, programs(build))
+    if lost:
+        tally.fail("every test program runs", lost)
+    for program in programs(build):
+        name = pathlib.Path(program).name
+        print(f"-- {name}", flush=True)
+        with tempfile.TemporaryDirectory() as folder:
+            processes = [start(program, launcher, environment, folder, shard, shards)
+                         for shard in range(shards)]
+            for shard, process in enumerate(processes):
+                finish(name, process, pathlib.Path(folder) / f"{shard}.json", tally)
+
+
+def start(program, launcher, environment, folder, shard, shards):
+    """Starts one share of a program's cases."""
+    report = os.path.join(folder, f"{shard}.json")
+    if launcher:
+        report = "Z:" + report.replace("/", "\\")
+    return subprocess.Popen(
+        [*launcher, program, "--gtest_brief=1", f"--gtest_output=json:{report}"],
+        env={**(environment or os.environ), "GTEST_TOTAL_SHARDS": str(shards),
+             "GTEST_SHARD_INDEX": str(shard)},
+        stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+        text=True, errors="replace")
+
+
+def finish(name, process, report, tally):
+    """Waits for one share and counts it; what did not end well is printed."""
+    try:
+        output, _ = process.communicate(timeout=TIME_LIMIT)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        output, _ = process.communicate()
+        output += f"\nstopped after {TIME_LIMIT} s"
+    before = tally.failed
+    if report.exists():
+        count(json.loads(report.read_text(encoding="utf-8", errors="replace")), tally)
+    if process.returncode != 0 and tally.failed == before:
+        tally.fail(name, [f"the program ended with {process.returncode}"])
+    if tally.failed > before:
+        print(output, flush=True)
+
+
+def count(report, tally):
+    """Adds the cases of one report. A case that did not run counts as failed."""
+    for suite in report["testsuites"]:
+        for case in suite["testsuite"]:
+            title = f"{suite['name']}.{case['name']}"
+            if case["status"] != "RUN" or case["result"] == "SKIPPED":
+                tally.fail(title, ["it was skipped"])
+            elif case.get("failures"):
+                tally.fail(title, [])
+            else:
+                tally.passed += 1
