@@ -126,8 +126,4 @@ void writeControls(JsonWriter& json, HWND window) {
     json.endArray();
 }
 
-void writeMenu(JsonWriter& json, HWND window) {
-    writeMenuItems(json, GetMenu(window));
-}
-
 } // namespace tollvane::probe
