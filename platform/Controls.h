@@ -10,7 +10,16 @@
 namespace tollvane {
 
 enum class ControlKind {
-    label, textBox, comboBox, checkBox, optionButton, button, frame, timer, statusBar, picture,
+    label,
+    textBox,
+    comboBox,
+    checkBox,
+    optionButton,
+    button,
+    frame,
+    timer,
+    statusBar,
+    picture,
     menuItem
 };
 
@@ -55,8 +64,8 @@ inline constexpr int alt = 4;
 /// Handlers of a control; an empty slot is an event that nobody handles. A slot is only ever filled
 /// while the form is being built.
 struct ControlEvents {
-    std::function<void()> click;      ///< button, check box, option button, list choice, menu item
-    std::function<void()> change;     ///< text box
+    std::function<void()> click;  ///< button, check box, option button, list choice, menu item
+    std::function<void()> change; ///< text box
     std::function<void()> gotFocus;
     std::function<void()> lostFocus;
     std::function<void()> timer;
@@ -154,9 +163,9 @@ public:
     virtual void clear() = 0;
     virtual void addItem(const std::string& text, std::int32_t itemData) = 0;
     virtual int count() const = 0;
-    virtual std::string itemText(int index) const = 0;         ///< 381 out of range
-    virtual std::int32_t itemData(int index) const = 0;        ///< 381 out of range
-    virtual int listIndex() const = 0;                         ///< -1: no selection
+    virtual std::string itemText(int index) const = 0;  ///< 381 out of range
+    virtual std::int32_t itemData(int index) const = 0; ///< 381 out of range
+    virtual int listIndex() const = 0;                  ///< -1: no selection
     /// Raises click when another entry becomes selected; -1 clears the selection without a click.
     /// Raises 380 when there is no such entry.
     virtual void setListIndex(int index) = 0;

@@ -15,16 +15,16 @@ namespace tollvane {
 struct ControlDescription {
     ControlKind kind = ControlKind::label;
     std::string_view name;
-    int index = -1; ///< place in a control array
+    int index = -1;             ///< place in a control array
     std::string_view caption{}; ///< or the first text of a text box
     Bounds at{};
     std::string_view toolTip{};
     std::string_view tag{};
     bool visible = true;
-    bool rightAligned = false;   ///< label, text box
+    bool rightAligned = false; ///< label, text box
     bool bold = false;
-    bool masked = false;         ///< text box that shows bullets
-    int interval = 0;            ///< timer: milliseconds; timers start disabled
+    bool masked = false; ///< text box that shows bullets
+    int interval = 0;    ///< timer: milliseconds; timers start disabled
 };
 
 struct MenuDescription {
@@ -43,7 +43,7 @@ struct PanelDescription {
 struct FormDescription {
     std::string_view name;
     std::string_view caption;
-    int width = 0;  ///< client area, design units
+    int width = 0; ///< client area, design units
     int height = 0;
     std::span<const ControlDescription> controls;
     std::span<const MenuDescription> menus{};
@@ -58,9 +58,9 @@ enum class MousePointer { standard = 0, hourglass = 11 };
 enum class WindowState { normal, minimised, maximised };
 
 struct FormEvents {
-    std::function<void()> load;     ///< once, before the form is first shown
-    std::function<void()> activate; ///< each time the form becomes the active window
-    std::function<void()> unload;   ///< once, while the controls still exist
+    std::function<void()> load;        ///< once, before the form is first shown
+    std::function<void()> activate;    ///< each time the form becomes the active window
+    std::function<void()> unload;      ///< once, while the controls still exist
     std::function<void()> doubleClick; ///< on the form's background
     std::function<void(int& keyCode, int shift)> keyDown; ///< before the control's own
     std::function<void(int& keyAscii)> keyPress;          ///< before the control's own
@@ -91,8 +91,8 @@ public:
 
     virtual std::string caption() const = 0;
     virtual void setCaption(const std::string& caption) = 0;
-    virtual int left() const = 0; ///< twips
-    virtual int top() const = 0;  ///< twips
+    virtual int left() const = 0;             ///< twips
+    virtual int top() const = 0;              ///< twips
     virtual void move(int left, int top) = 0; ///< twips
     virtual WindowState windowState() const = 0;
     virtual MousePointer mousePointer() const = 0;

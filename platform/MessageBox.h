@@ -10,12 +10,12 @@ enum class MessageAnswer { ok, yes, no };
 
 /// What a message box shows. Modal; it pumps messages while it is open.
 struct Message {
-    std::string text;
-    std::string title; ///< empty: the product name
+    std::string text{};
+    std::string title{}; ///< empty: the product name
     MessageIcon icon = MessageIcon::information;
     MessageButtons buttons = MessageButtons::ok;
     int defaultButton = 1;  ///< 1 is the first button
-    std::string helpFile;   ///< not empty: a Help button that opens this file ...
+    std::string helpFile{}; ///< not empty: a Help button that opens this file ...
     long helpTopic = 0;     ///< ... at this topic
 };
 

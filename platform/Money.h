@@ -35,15 +35,15 @@ private:
 /// How the operator's locale writes numbers and money.
 struct MoneyStyle {
     std::string currencySymbol = "$";
-    std::string decimalSeparator = ".";     ///< of plain numbers
-    std::string groupSeparator = ",";       ///< of plain numbers
-    std::string moneyDecimal = ".";         ///< of money
-    std::string moneyGroup = ",";           ///< of money
-    std::string moneyGrouping = "3;0";      ///< group sizes from the right; a closing 0 repeats
+    std::string decimalSeparator = "."; ///< of plain numbers
+    std::string groupSeparator = ",";   ///< of plain numbers
+    std::string moneyDecimal = ".";     ///< of money
+    std::string moneyGroup = ",";       ///< of money
+    std::string moneyGrouping = "3;0";  ///< group sizes from the right; a closing 0 repeats
     std::string negativeSign = "-";
-    int digits = 2;                         ///< decimal places of the currency form
-    int positiveOrder = 0;                  ///< 0 "$1", 1 "1$", 2 "$ 1", 3 "1 $"
-    int negativeOrder = 0;                  ///< 0 "($1)" to 15 "(1 $)"
+    int digits = 2;        ///< decimal places of the currency form
+    int positiveOrder = 0; ///< 0 "$1", 1 "1$", 2 "$ 1", 3 "1 $"
+    int negativeOrder = 0; ///< 0 "($1)" to 15 "(1 $)"
 };
 
 /// Text to money as the platform's currency type converts it: blanks, symbol, grouping, sign in

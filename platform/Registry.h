@@ -30,12 +30,12 @@ public:
                             std::uint32_t type, const std::uint8_t* data, std::uint32_t size) = 0;
     virtual long deleteValue(RegistryKey key, const char* name) = 0;
     virtual long deleteKey(RegistryKey key, const char* subKey) = 0;
-    virtual long enumKeyEx(RegistryKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
-                           std::uint32_t* reserved, char* className, std::uint32_t* classSize,
-                           RegistryTime* lastWrite) = 0;
-    virtual long enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
-                           std::uint32_t* reserved, std::uint32_t* type, std::uint8_t* data,
-                           std::uint32_t* size) = 0;
+    virtual long enumKeyEx(RegistryKey key, std::uint32_t index, char* name,
+                           std::uint32_t* nameSize, std::uint32_t* reserved, char* className,
+                           std::uint32_t* classSize, RegistryTime* lastWrite) = 0;
+    virtual long enumValue(RegistryKey key, std::uint32_t index, char* name,
+                           std::uint32_t* nameSize, std::uint32_t* reserved, std::uint32_t* type,
+                           std::uint8_t* data, std::uint32_t* size) = 0;
     virtual long closeKey(RegistryKey key) = 0;
 
     /// The system's message table; returns the number of characters written, 0 on failure.

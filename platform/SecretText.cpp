@@ -46,7 +46,9 @@ SecretText& SecretText::operator=(SecretText&& other) noexcept {
     return *this;
 }
 
-SecretText::~SecretText() { clear(); }
+SecretText::~SecretText() {
+    clear();
+}
 
 void SecretText::append(char character) {
     if (bytes_.size() == bytes_.capacity()) {

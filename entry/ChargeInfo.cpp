@@ -1,0 +1,161 @@
+#include "entry/ChargeInfo.h"
+
+#include "app/CommonRoutines.h"
+#include "entry/CardNumberValidation.h"
+#include "entry/ChargeInfoLayout.h"
+#include "entry/ColourCommands.h"
+#include "entry/FieldStates.h"
+#include "entry/NewEntry.h"
+#include "entry/Validation.h"
+#include "output/CompanyTexts.h"
+#include "output/PaymentRecord.h"
+
+namespace tollvane {
+
+ChargeInfo::ChargeInfo(const Desktop& desktop, Components& components)
+    : desktop_(desktop), components_(components), form_(desktop.forms.create(chargeInfoLayout())),
+      controls_(*form_), expiry_(desktop_, controls_) {
+    bindEvents();
+    Form_Initialize();
+}
+
+void ChargeInfo::show() {
+    form_->show();
+}
+
+void ChargeInfo::guard(std::string_view sentence, const std::function<void()>& body) noexcept {
+    try {
+        body();
+    } catch (...) {
+        DisplayError(sentence, currentError());
+    }
+}
+
+std::function<void()> ChargeInfo::guarded(std::string_view sentence,
+                                          void (ChargeInfo::*handler)()) {
+    return [this, sentence, handler] { guard(sentence, [this, handler] { (this->*handler)(); }); };
+}
+
+void ChargeInfo::DisplayError(std::string_view sentence, const Error& error) {
+    desktop_.messageBoxes.show({.text = failureText(sentence, error), .title = {}});
+}
+
+void ChargeInfo::SetTransType(int type) {
+    transType_ = type;
+    LayoutForType();
+}
+
+void ChargeInfo::LayoutForType() {
+    layOutForType(controls_, transType_);
+}
+
+void ChargeInfo::SetTransactionApproved(bool approved) {
+    transactionApproved_ = approved;
+    controls_.cmdSubmit.setEnabled(!approved);
+    controls_.cmdCancel.setCaption(approved ? "Finished" : "Cancel");
+}
+
+void ChargeInfo::ClearText() {
+    clearEntry(desktop_, controls_);
+    SetTransactionApproved(false);
+}
+
+void ChargeInfo::ResetFields() {
+    resetFields(desktop_, controls_);
+}
+
+void ChargeInfo::ShowExtendedData(bool vblnPresent) {
+    controls_.txtStAddr.setVisible(vblnPresent);
+    controls_.txtZipCode.setVisible(vblnPresent);
+    controls_.Label6.setVisible(vblnPresent);
+    controls_.Label7.setVisible(vblnPresent);
+}
+
+void ChargeInfo::EnableForm(bool enable) noexcept {
+    for (Control* control : form_->controls()) {
+        try {
+            control->setEnabled(enable);
+        } catch (...) {
+            // A control that cannot be switched stays as it is; the others still follow.
+        }
+    }
+    try {
+        controls_.cmdSubmit.setEnabled(enable);
+        controls_.cmdModify.setEnabled(enable);
+        controls_.cmdCancel.setEnabled(enable);
+        if (enable && transType_ >= 0 && transType_ < transtype::count) {
+            controls_.optTransType[static_cast<std::size_t>(transType_)]->select();
+            LayoutForType();
+        }
+    } catch (...) {
+        // As above: only the look is at stake here.
+    }
+}
+
+void ChargeInfo::ShowStatus(const std::string& text) {
+    controls_.sbrStatus.setPanelText(kStatusPanel, text);
+    controls_.sbrStatus.refresh();
+}
+
+bool ChargeInfo::ValidateTransaction() {
+    return Validation(desktop_, controls_, components_.charge()).ValidateTransaction();
+}
+
+bool ChargeInfo::WriteZendaRecord() {
+    return tollvane::WriteZendaRecord(desktop_, components_, transType_);
+}
+
+std::string ChargeInfo::CompanyAddressBlock() {
+    return companyAddressBlock(desktop_);
+}
+std::string ChargeInfo::DefaultInvoiceNumber() {
+    return defaultInvoiceNumber(desktop_);
+}
+
+void ChargeInfo::optTransType_Click(int index) {
+    SetTransType(index);
+    if (transactionApproved_) {
+        ClearText();
+    }
+}
+
+void ChargeInfo::chkTaxExempt_Click() {
+    if (controls_.chkTaxExempt.checked()) {
+        controls_.txtTaxAmount.setText(zeroCurrency(desktop_));
+    }
+}
+
+void ChargeInfo::chkVoiceAuth_Click() {
+    SetFieldState(controls_.txtAuthNum, controls_.chkVoiceAuth.checked());
+}
+
+void ChargeInfo::txtCardNumber_Change() {
+    // A keyed number replaces a swipe.
+    controls_.txtMagStripe.wipeText();
+    controls_.cmdCancel.setCaption("Cancel");
+}
+
+void ChargeInfo::txtCardNumber_Validate(bool& cancel) {
+    const SecretText pan = controls_.txtCardNumber.secretText();
+    if (!pan.empty() && !ValidateCardNumber(desktop_, pan)) {
+        cancel = true;
+        SelectAllText(desktop_.mouse, controls_.txtCardNumber, false);
+    }
+}
+
+void ChargeInfo::tmrDisplay_Timer() {
+    controls_.lblStateName.setVisible(false);
+    controls_.tmrDisplay.setEnabled(false);
+}
+
+void ChargeInfo::Form_KeyDown(int keyCode, int shift) {
+    if (isColourCommand(keyCode, shift)) {
+        paintRandomColours(*form_, desktop_.random);
+    }
+}
+
+void ChargeInfo::Form_DblClick() {
+    restoreColours(*form_);
+}
+
+} // namespace tollvane

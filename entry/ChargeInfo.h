@@ -1,0 +1,111 @@
+#pragma once
+
+#include "app/Components.h"
+#include "entry/ChargeInfoControls.h"
+#include "entry/ExpiryBoxes.h"
+#include "platform/Desktop.h"
+#include "platform/Error.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tollvane {
+
+/// The transaction form, the program's one main window: modes, submission, and what happens around
+/// them. Its handlers never let an error out.
+class ChargeInfo {
+public:
+    /// Builds the form and initialises it, hidden. `components` outlives it and has been created.
+    ChargeInfo(const Desktop& desktop, Components& components);
+    ChargeInfo(const ChargeInfo&) = delete;
+    ChargeInfo& operator=(const ChargeInfo&) = delete;
+
+    void show();
+    Form& form() { return *form_; }
+
+    /// The current transaction type (0 charge, 1 refund, 2 void). Setting it lays the form out.
+    int TransType() const { return transType_; }
+    void SetTransType(int type);
+    /// The current entry has been approved. Setting it switches `cmdSubmit` and the caption of
+    /// `cmdCancel`.
+    bool TransactionApproved() const { return transactionApproved_; }
+    void SetTransactionApproved(bool approved);
+
+    /// Clears the entry for a new transaction.
+    void ClearText();
+    /// Empties the fields of the current entry and sets the money boxes to zero.
+    void ResetFields();
+    /// Shows an error by the program's pattern: sentence, blank line, number and description.
+    void DisplayError(std::string_view sentence, const Error& error);
+    /// Shows or hides the card holder's own street and zip.
+    void ShowExtendedData(bool vblnPresent);
+    /// The current transaction type's field states.
+    void LayoutForType();
+    /// Disables or enables every control; enabling restores the states of the type. Never raises.
+    void EnableForm(bool enable) noexcept;
+    void ShowStatus(const std::string& text);
+
+    /// True when the entry may be submitted; the charge component then holds its values.
+    bool ValidateTransaction();
+    /// Posts the payment into the shop's business data; raises what failed.
+    bool WriteZendaRecord();
+    std::string CompanyAddressBlock();
+    std::string DefaultInvoiceNumber();
+
+private:
+    void bindEvents();
+    void bindFormEvents();
+    void bindEntryEvents();
+    void bindButtonEvents();
+
+    void Form_Initialize();
+    void fillBillingStates();
+    void setMaximumLengths();
+    void showDataPath();
+    void Form_Load();
+    void Form_Activate();
+    void Form_Unload();
+    void Form_KeyPress(int& keyAscii);
+    void Form_KeyDown(int keyCode, int shift);
+    void Form_DblClick();
+
+    void optTransType_Click(int index);
+    void chkTaxExempt_Click();
+    void chkVoiceAuth_Click();
+    void txtCardNumber_Change();
+    void txtCardNumber_Validate(bool& cancel);
+    void tmrDisplay_Timer();
+    void cmdSubmit_Click();
+    void cmdCancel_Click();
+    void cmdModify_Click();
+    void mnu_Report_Click();
+    void mnu_PGateway_Click();
+    void mnu_PSettings_Click();
+
+    void submit();
+    bool runOperation(std::string_view& operationName);
+    void reportFailure(std::string_view operationName);
+    void completeApproval(std::string_view operationName);
+    void finishSubmission() noexcept;
+    void returnFocusFrom(Control& button);
+
+    /// Wraps a handler: an error that leaves it is shown with the handler's sentence.
+    std::function<void()> guarded(std::string_view sentence, void (ChargeInfo::*handler)());
+    void guard(std::string_view sentence, const std::function<void()>& body) noexcept;
+
+    Desktop desktop_;
+    Components& components_;
+    std::unique_ptr<Form> form_;
+    ChargeInfoControls controls_;
+    ExpiryBoxes expiry_;
+    /// Borrowed between initialisation and unload.
+    ChargeComponent* charge_ = nullptr;
+    int transType_ = 0;
+    bool transactionApproved_ = false;
+    bool submitting_ = false;
+};
+
+} // namespace tollvane

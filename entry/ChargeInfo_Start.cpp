@@ -1,0 +1,238 @@
+// The transaction form's life: handlers are bound, the form initialises, loads, activates, unloads.
+
+#include "app/CommonRoutines.h"
+#include "entry/ChargeInfo.h"
+#include "entry/ChargeInfoLayout.h"
+#include "platform/Text.h"
+#include "settings/AppProperties.h"
+
+#include <array>
+#include <utility>
+
+namespace tollvane {
+
+namespace {
+
+constexpr unsigned kFirstStateId = 200;
+constexpr unsigned kLastStateId = 257;
+
+constexpr const char* kPositionFile = "CARDAUTH.INI";
+constexpr const char* kPositionSection = "Form";
+
+constexpr std::string_view kCaption = "Credit Card Charge/Credit";
+constexpr std::string_view kTestModeMark = "   ** TEST MODE **";
+
+constexpr const char* kLogViewer = "LogLens.exe";
+
+/// One coordinate of the window: the INI file's where it has one, else the stored one.
+int coordinate(const Desktop& desktop, const char* key, int stored) {
+    const std::string text = ReadIniValue(desktop.files, kPositionSection, key, kPositionFile);
+    return text == kIniValueNotFound ? stored : static_cast<int>(numberFromText(text));
+}
+
+} // namespace
+
+void ChargeInfo::bindEvents() {
+    bindFormEvents();
+    bindEntryEvents();
+    bindButtonEvents();
+}
+
+void ChargeInfo::bindFormEvents() {
+    form_->on.load = guarded("There was an error loading the form.", &ChargeInfo::Form_Load);
+    form_->on.activate =
+        guarded("There was an error activating the form.", &ChargeInfo::Form_Activate);
+    form_->on.unload = guarded("There was an error closing the form.", &ChargeInfo::Form_Unload);
+    form_->on.doubleClick =
+        guarded("There was an error painting the form.", &ChargeInfo::Form_DblClick);
+    form_->on.keyPress = [this](int& keyAscii) {
+        guard("There was an error reading the keyboard.", [&] { Form_KeyPress(keyAscii); });
+    };
+    form_->on.keyDown = [this](int& keyCode, int shift) {
+        guard("There was an error reading the keyboard.", [&] { Form_KeyDown(keyCode, shift); });
+    };
+}
+
+void ChargeInfo::bindEntryEvents() {
+    for (int type = 0; type < transtype::count; ++type) {
+        controls_.optTransType[static_cast<std::size_t>(type)]->on.click = [this, type] {
+            guard("There was an error changing the transaction type.",
+                  [&] { optTransType_Click(type); });
+        };
+    }
+    controls_.chkTaxExempt.on.click = guarded("There was an error setting the tax exempt status.",
+                                              &ChargeInfo::chkTaxExempt_Click);
+    controls_.chkVoiceAuth.on.click =
+        guarded("There was an error setting the voice authorization status.",
+                &ChargeInfo::chkVoiceAuth_Click);
+    controls_.cboExpMonth.on.click = [this] {
+        guard("There was an error setting the expiration date.",
+              [&] { expiry_.cboExpMonth_Click(components_.charge()); });
+    };
+    controls_.cboExpYear.on.click = [this] {
+        guard("There was an error setting the expiration date.",
+              [&] { expiry_.cboExpYear_Click(components_.charge()); });
+    };
+    controls_.txtCardNumber.on.change =
+        guarded("There was an error changing the card number.", &ChargeInfo::txtCardNumber_Change);
+    controls_.txtCardNumber.on.validate = [this](bool& cancel) {
+        guard("There was an error validating the credit card number.",
+              [&] { txtCardNumber_Validate(cancel); });
+    };
+    controls_.tmrDisplay.on.timer =
+        guarded("There was an error hiding the state name.", &ChargeInfo::tmrDisplay_Timer);
+}
+
+void ChargeInfo::bindButtonEvents() {
+    controls_.cmdSubmit.on.click =
+        guarded("There was an error getting an approval.", &ChargeInfo::cmdSubmit_Click);
+    controls_.cmdCancel.on.click =
+        guarded("There was an error closing the form.", &ChargeInfo::cmdCancel_Click);
+    controls_.cmdModify.on.click =
+        guarded("There was an error opening the menu.", &ChargeInfo::cmdModify_Click);
+    for (Button* button : {&controls_.cmdSubmit, &controls_.cmdCancel}) {
+        button->on.lostFocus = [this, button] {
+            guard("There was an error moving the focus.", [&] { returnFocusFrom(*button); });
+        };
+    }
+    controls_.mnu_Report.on.click = guarded("There was an error starting the transaction browser.",
+                                            &ChargeInfo::mnu_Report_Click);
+    controls_.mnuExit.on.click =
+        guarded("There was an error closing the form.", &ChargeInfo::cmdCancel_Click);
+    controls_.mnu_PGateway.on.click =
+        guarded("There was an error configuring the gateway.", &ChargeInfo::mnu_PGateway_Click);
+    controls_.mnu_PSettings.on.click = guarded(
+        "There was an error configuring the gateway settings.", &ChargeInfo::mnu_PSettings_Click);
+}
+
+void ChargeInfo::Form_Initialize() {
+    // Each step stands alone: one that fails is reported and leaves the others to do their part.
+    guard("There was an error preparing the entry fields.", [this] {
+        controls_.optTransType[transtype::charge]->select();
+        charge_ = &components_.charge();
+        controls_.cmdModify.setTabStop(false);
+        SetDigitsOnly(controls_.txtCardNumber);
+        fillBillingStates();
+        setMaximumLengths();
+    });
+    guard("There was an error clearing the form.", [this] { ClearText(); });
+    guard("There was an error filling the expiration dates.",
+          [this] { expiry_.fill(components_.charge()); });
+    form_->setKeyPreview(true);
+    guard("There was an error showing the data path.", [this] { showDataPath(); });
+    guard("There was an error showing the company information.", [this] {
+        controls_.lblCompanyInfo.setCaption(withoutAccessKeys(CompanyAddressBlock()));
+    });
+    guard("There was an error preparing the menus.", [this] {
+        controls_.mnu_Report.setVisible(
+            FileExists(desktop_.files, AppFolder(desktop_.files) + kLogViewer));
+    });
+}
+
+void ChargeInfo::fillBillingStates() {
+    controls_.cboBillToState.clear();
+    for (unsigned id = kFirstStateId; id <= kLastStateId; ++id) {
+        controls_.cboBillToState.addItem(desktop_.program.resourceString(id),
+                                         static_cast<std::int32_t>(id));
+    }
+}
+
+void ChargeInfo::setMaximumLengths() {
+    const auto lengthOf = [this](std::string_view field) {
+        return components_.charge().TransactionField(field).maximumLength();
+    };
+    // The blank between the two names gets no room of its own.
+    controls_.txtCardName.setMaxLength(lengthOf(gatewayfield::firstName) +
+                                       lengthOf(gatewayfield::lastName));
+    const std::array<std::pair<TextBox*, std::string_view>, 14> boxes{{
+        {&controls_.txtCardNumber, gatewayfield::cardNumber},
+        {&controls_.txtCardCode, gatewayfield::cardCode},
+        {&controls_.txtAmount, gatewayfield::amount},
+        {&controls_.txtZipCode, gatewayfield::zip},
+        {&controls_.txtBillToZip, gatewayfield::zip},
+        {&controls_.txtTaxAmount, gatewayfield::tax},
+        {&controls_.txtAuthNum, gatewayfield::authorisationCode},
+        {&controls_.txtTransactionNumber, gatewayfield::transactionId},
+        {&controls_.txtBillToStreet, gatewayfield::address},
+        {&controls_.txtBillToCity, gatewayfield::city},
+        {&controls_.txtEMail, gatewayfield::email},
+        {&controls_.txtDescription, gatewayfield::description},
+        {&controls_.txtInvoiceNumber, gatewayfield::invoiceNumber},
+        {&controls_.txtPONumber, gatewayfield::purchaseOrderNumber},
+    }};
+    for (const auto& [box, field] : boxes) {
+        box->setMaxLength(lengthOf(field));
+    }
+}
+
+void ChargeInfo::showDataPath() {
+    Environment& environment = components_.environment();
+    ShowStatus("Data: " + CapitalizePath(environment.Data_Path()) +
+               "   Location: " + environment.Location());
+}
+
+void ChargeInfo::Form_Load() {
+    const WindowPosition stored = AppProperties(desktop_).GetWindowPosition();
+    const int left = coordinate(desktop_, "Left", stored.X);
+    const int top = coordinate(desktop_, "Top", stored.Y);
+    if (left > desktop_.screen.widthInTwips() || top > desktop_.screen.heightInTwips()) {
+        form_->move(0, 0);
+    } else {
+        form_->move(left, top);
+    }
+}
+
+void ChargeInfo::Form_Activate() {
+    if (charge_ == nullptr) {
+        return;
+    }
+    form_->setCaption(std::string(kCaption) +
+                      (charge_->TestMode() ? std::string(kTestModeMark) : std::string()));
+}
+
+void ChargeInfo::Form_Unload() {
+    if (!components_.skipPosition && form_->windowState() == WindowState::normal) {
+        AppProperties(desktop_).SaveWindowPosition(form_->left(), form_->top());
+    }
+    charge_ = nullptr;
+    controls_.txtCardNumber.wipeText();
+    controls_.txtCardCode.wipeText();
+    controls_.txtMagStripe.wipeText();
+    controls_.txtKbBuffer.wipeText();
+    components_.ReleaseComponents();
+}
+
+void ChargeInfo::Form_KeyPress(int& keyAscii) {
+    // A reader's Enter, like any other, must not press a button.
+    if (keyAscii == 13) {
+        keyAscii = 0;
+    }
+}
+
+void ChargeInfo::mnu_Report_Click() {
+    const ChargeComponent& charge = components_.charge();
+    RunProgram(desktop_.files, AppFolder(desktop_.files) + kLogViewer,
+               charge.LogFilePath() + "\\" + charge.LogFileName());
+}
+
+void ChargeInfo::cmdModify_Click() {
+    form_->popUpMenu("mnuPopup");
+}
+
+void ChargeInfo::mnu_PGateway_Click() {
+    components_.charge().ConfigureGateway();
+    Form_Activate();
+}
+
+void ChargeInfo::mnu_PSettings_Click() {
+    components_.charge().ConfigureSettings();
+}
+
+void ChargeInfo::returnFocusFrom(Control& button) {
+    const Control* next = form_->activeControl();
+    if (next != nullptr && next->tag() == kNoFocus) {
+        button.setFocus();
+    }
+}
+
+} // namespace tollvane

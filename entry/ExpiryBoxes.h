@@ -1,0 +1,33 @@
+#pragma once
+
+#include "entry/ChargeInfoControls.h"
+#include "gateway/ChargeComponent.h"
+#include "platform/Desktop.h"
+
+namespace tollvane {
+
+/// The two lists from which the card's expiry is chosen.
+class ExpiryBoxes {
+public:
+    /// All arguments outlive the object.
+    ExpiryBoxes(const Desktop& desktop, ChargeInfoControls& controls);
+
+    /// Fills the twelve months and the eleven years from this one on. `charge` may already hold an
+    /// expiration date, whose year is then selected.
+    void fill(const ChargeComponent& charge);
+
+    /// The handlers of a choice: both hand the first day of the chosen month to `charge`. Only the
+    /// month's own selects a missing month and falls back to the current year.
+    void cboExpMonth_Click(ChargeComponent& charge);
+    void cboExpYear_Click(ChargeComponent& charge);
+
+private:
+    void fillMonths();
+    void fillYears(const ChargeComponent& charge);
+
+    Desktop desktop_;
+    ChargeInfoControls& controls_;
+    bool settingBoxes_ = false; ///< the form itself changes the boxes: clicks mean nothing
+};
+
+} // namespace tollvane
