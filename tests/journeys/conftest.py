@@ -1,0 +1,56 @@
+"""What each journey gets: a fresh display, a fresh Windows with the program installed, a till."""
+
+import pathlib
+import sys
+
+import pytest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+
+from harness.display import Display
+from harness.prefix import Prefix, TOP
+from harness.till import Till
+
+KEPT = TOP / "build" / "journeys"
+
+
+@pytest.fixture
+def pictures(request):
+    """The folder where this journey keeps its pictures; what an earlier run left is removed."""
+    folder = KEPT / request.node.name.replace("[", "-").replace("]", "")
+    for old in folder.glob("*.png"):
+        old.unlink()
+    return folder
+
+
+@pytest.fixture
+def display():
+    """A display of the journey's own."""
+    with Display() as made:
+        yield made
+
+
+@pytest.fixture
+def prefix(display, pictures):
+    """A Windows in which nobody has started the program yet."""
+    made = Prefix.installed(pictures / "prefix", display)
+    yield made
+    made.remove()
+
+
+@pytest.fixture
+def till(prefix, display, pictures, request):
+    """The installed program, not started yet. A journey that fails keeps a last picture."""
+    made = Till(prefix, display, pictures)
+    yield made
+    if getattr(request.node, "failed", False):
+        made.picture("failed")
+    made.close()
+
+
+@pytest.hookimpl(hookwrapper=True)
+def pytest_runtest_makereport(item):
+    """Lets the fixtures know how the journey ended."""
+    outcome = yield
+    if outcome.get_result().failed:
+        item.failed = True

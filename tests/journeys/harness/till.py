@@ -1,0 +1,149 @@
+"""The program at a counter: starting it, typing into it, reading what it shows."""
+
+import pathlib
+
+from .probe import Probe
+from .waiting import until
+
+FORM_TITLE = "Credit Card Charge/Credit"
+TEST_MODE = "   ** TEST MODE **"
+
+
+class Till:
+    """One installed program, played by keyboard and mouse; every state can be kept as a picture."""
+
+    def __init__(self, prefix, display, pictures):
+        self.prefix = prefix
+        self.display = display
+        self._pictures = pathlib.Path(pictures)
+        self._count = 0
+        self._probe = Probe(prefix)
+        # The first question also makes sure that the desktop stands before a program wants it.
+        self._probe.windows()
+
+    def start(self, *arguments):
+        """Starts the program."""
+        return self.prefix.start("Tollvane.exe", *arguments)
+
+    def close(self):
+        """Ends the probe and everything else in the prefix."""
+        self._probe.close()
+        self.prefix.stop()
+
+    # Eyes
+
+    def windows(self):
+        """The windows that show, topmost first."""
+        return [w for w in self._probe.windows() if w["class"] not in ("tooltips_class32",)]
+
+    def titles(self):
+        """Their titles."""
+        return [w.text for w in self.windows()]
+
+    def window(self, title, patience=30):
+        """Waits for the window of that title and for the keyboard to be there."""
+        def there():
+            return next((w for w in self.windows() if w.text == title and w.foreground), None)
+        return until(f"the window {title!r}", there, patience, otherwise=self.titles)
+
+    def form(self, test_mode=None):
+        """Waits for the transaction form to be in front; `test_mode` also awaits its caption."""
+        def there():
+            for window in self.windows():
+                if window.text.startswith(FORM_TITLE) and window.foreground and window.enabled:
+                    shows = window.text == FORM_TITLE + TEST_MODE
+                    return window if test_mode in (None, shows) else None
+            return None
+        return until("the transaction form", there, otherwise=self.titles)
+
+    def has_window(self, title):
+        """True when a window of that title shows now."""
+        return title in self.titles()
+
+    def control(self, name, window=None):
+        """One control of the window in front (or of another), as it stands now."""
+        window = window or self.front()
+        control = window.control(name)
+        assert control, f"{window.text!r} has no {name}"
+        return control
+
+    def text(self, name):
+        """The text of one control of the transaction form."""
+        return self.control(name, self.form()).text
+
+    def front(self):
+        """The window that has the keyboard."""
+        return until("a window in front",
+                     lambda: next((w for w in self.windows() if w.foreground), None),
+                     otherwise=self.titles)
+
+    def focused(self):
+        """The name of the control that has the caret."""
+        return next((c.name for c in self.front().controls() if c.focused), None)
+
+    def option(self):
+        """The caption of the transaction type that is selected."""
+        return next(c.caption for c in self.form().controls()
+                    if c.name.startswith("optTransType") and c.checked)
+
+    def picture(self, name):
+        """Keeps the whole display as a PNG."""
+        self._count += 1
+        path = self._pictures / f"{self._count:02}-{name}.png"
+        # Off the controls, so that no tool tip or hot state gets into the picture.
+        self.display.run("xdotool", "mousemove", "2", "2")
+        return self.display.picture(path)
+
+    # Hands
+
+    def click(self, name, window=None):
+        """Clicks into the middle of a control."""
+        self.display.click(*self.control(name, window).centre)
+
+    def enter(self, name, text, window=None):
+        """Clicks into a box and types over what it holds; the text may be shown formatted later."""
+        window = window or self.front()
+        self.click(name, window)
+        until(f"the caret in {name}", lambda: self.control(name, window).focused,
+              otherwise=self.focused)
+        if self.control(name, window).text:
+            self.display.press("Home", "shift+End", "Delete")
+        if text:
+            self.display.type(text)
+
+    def choose(self, name, text, window=None):
+        """Opens a list and walks down to the entry with that text."""
+        window = window or self.front()
+        self.click(name, window)
+        self.display.press("Home")
+        for _ in range(self.control(name, window)["count"]):
+            if self.control(name, window).text == text:
+                break
+            self.display.press("Down")
+        self.display.press("Return")
+        until(f"{text!r} in {name}", lambda: self.control(name, window).text == text,
+              otherwise=lambda: self.control(name, window).text)
+
+    def push(self, name, window=None):
+        """Pushes a button by its access key, or by mouse when it has none."""
+        button = self.control(name, window)
+        mark = button.text.replace("&&", "").find("&")
+        if mark >= 0:
+            self.display.press("alt+" + button.text.replace("&&", "")[mark + 1].lower())
+        else:
+            self.display.click(*button.centre)
+
+    def answer(self, title, button=None, picture=None):
+        """Waits for a message box, answers it and returns its text."""
+        box = self.window(title)
+        text = box.message()
+        if picture:
+            self.picture(picture)
+        self.push(button or box.buttons()[0], box)
+        until(f"the box {title!r} to close",
+              lambda: all(w.hwnd != box.hwnd for w in self.windows()))
+        return text
+
+    def menu(self, *letters):
+        """Walks the menu bar by access keys."""
+        self.display.press("alt+" + letters[0], *letters[1:])
