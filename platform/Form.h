@@ -10,6 +10,14 @@
 
 namespace tollvane {
 
+/// How a control follows the lower right corner of a form that is made larger.
+struct Follow {
+    bool moveRight = false;
+    bool moveDown = false;
+    bool growRight = false;
+    bool growDown = false;
+};
+
 /// One row of a form's table. The order of the rows is the order of creation and of tabbing; a
 /// label stands right before the control that it names.
 struct ControlDescription {
@@ -25,6 +33,8 @@ struct ControlDescription {
     bool bold = false;
     bool masked = false; ///< text box that shows bullets
     int interval = 0;    ///< timer: milliseconds; timers start disabled
+    Follow follow{};
+    bool causesValidation = true; ///< button: leaving another control towards it validates that one
 };
 
 struct MenuDescription {
@@ -50,8 +60,8 @@ struct FormDescription {
     std::span<const PanelDescription> panels{};
     std::string_view defaultButton{}; ///< pressed by Enter; none: Enter presses nothing at all
     std::string_view cancelButton{};  ///< pressed by Escape; none: Escape does nothing
-    bool resizable = false;
-    bool dialog = false; ///< no minimise button, no place in the task bar
+    bool resizable = false;           ///< the described size is the smallest
+    bool dialog = false;              ///< no minimise button, no place in the task bar
 };
 
 enum class MousePointer { standard = 0, hourglass = 11 };
