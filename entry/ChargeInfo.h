@@ -62,7 +62,6 @@ private:
     void bindButtonEvents();
 
     void Form_Initialize();
-    void fillBillingStates();
     void setMaximumLengths();
     void showDataPath();
     void Form_Load();

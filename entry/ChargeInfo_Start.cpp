@@ -5,6 +5,7 @@
 #include "entry/ChargeInfoLayout.h"
 #include "platform/Text.h"
 #include "settings/AppProperties.h"
+#include "settings/StateList.h"
 
 #include <array>
 #include <utility>
@@ -12,9 +13,6 @@
 namespace tollvane {
 
 namespace {
-
-constexpr unsigned kFirstStateId = 200;
-constexpr unsigned kLastStateId = 257;
 
 constexpr const char* kPositionFile = "CARDAUTH.INI";
 constexpr const char* kPositionSection = "Form";
@@ -112,7 +110,7 @@ void ChargeInfo::Form_Initialize() {
         charge_ = &components_.charge();
         controls_.cmdModify.setTabStop(false);
         SetDigitsOnly(controls_.txtCardNumber);
-        fillBillingStates();
+        fillStateList(desktop_.program, controls_.cboBillToState);
         setMaximumLengths();
     });
     guard("There was an error clearing the form.", [this] { ClearText(); });
@@ -127,14 +125,6 @@ void ChargeInfo::Form_Initialize() {
         controls_.mnu_Report.setVisible(
             FileExists(desktop_.files, AppFolder(desktop_.files) + kLogViewer));
     });
-}
-
-void ChargeInfo::fillBillingStates() {
-    controls_.cboBillToState.clear();
-    for (unsigned id = kFirstStateId; id <= kLastStateId; ++id) {
-        controls_.cboBillToState.addItem(desktop_.program.resourceString(id),
-                                         static_cast<std::int32_t>(id));
-    }
 }
 
 void ChargeInfo::setMaximumLengths() {
