@@ -1,0 +1,100 @@
+#include "components/hostdata/store/Schema.h"
+
+#include "components/hostdata/HostDataError.h"
+
+namespace tollvane::hostdata {
+
+namespace {
+
+constexpr std::int64_t kApplicationId = 0x54564844; // "TVHD"
+constexpr std::int64_t kVersion = 1;
+
+constexpr const char* kTables = R"sql(
+CREATE TABLE operators (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    user_name TEXT NOT NULL COLLATE NOCASE UNIQUE,
+    first_name TEXT NOT NULL,
+    last_name TEXT NOT NULL,
+    enabled INTEGER NOT NULL DEFAULT 1,
+    iterations INTEGER NOT NULL,
+    salt BLOB NOT NULL,
+    hash BLOB NOT NULL
+);
+CREATE TABLE privileges (
+    operator_id INTEGER NOT NULL REFERENCES operators(id),
+    privilege INTEGER NOT NULL,
+    PRIMARY KEY (operator_id, privilege)
+) WITHOUT ROWID;
+CREATE TABLE sign_in_delays (
+    scope TEXT PRIMARY KEY,
+    failures INTEGER NOT NULL,
+    last_failure INTEGER NOT NULL,
+    not_before INTEGER NOT NULL
+) WITHOUT ROWID;
+CREATE TABLE payments (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    created TEXT NOT NULL,
+    operator TEXT,
+    location TEXT,
+    account TEXT,
+    amount INTEGER,
+    approval TEXT,
+    expire TEXT,
+    paid_by TEXT,
+    sold_to_last TEXT,
+    street TEXT,
+    trans_id TEXT,
+    zip TEXT
+);
+CREATE TABLE store_settings (
+    name TEXT PRIMARY KEY,
+    value BLOB NOT NULL
+) WITHOUT ROWID;
+INSERT INTO store_settings (name, value) VALUES ('name_salt', randomblob(16));
+PRAGMA application_id=1414940740;
+PRAGMA user_version=1;
+)sql";
+
+std::int64_t pragma(Database& database, const char* sql) {
+    auto statement = database.prepare(sql);
+    return statement.step() ? statement.number(0) : 0;
+}
+
+void checkSound(Database& database) {
+    auto statement = database.prepare("PRAGMA quick_check(1)");
+    const std::string answer = statement.step() ? statement.text(0) : std::string();
+    if (answer != "ok")
+        throw HostDataError(Failure::storeDamaged,
+                            "The host data file is damaged. Restore it from the latest backup "
+                            "copy. (" +
+                                answer + ")");
+}
+
+void createTables(Database& database) {
+    Transaction transaction(database);
+    // Another process may have been quicker.
+    if (pragma(database, "PRAGMA user_version") == 0) {
+        if (pragma(database, "SELECT count(*) FROM sqlite_master") != 0)
+            throw HostDataError(Failure::storeDamaged,
+                                "The host data file belongs to another program.");
+        database.execute(kTables);
+    }
+    transaction.commit();
+}
+
+} // namespace
+
+void prepareSchema(Database& database) {
+    static_assert(kApplicationId == 1414940740);
+    if (pragma(database, "PRAGMA user_version") == 0)
+        createTables(database);
+    if (pragma(database, "PRAGMA application_id") != kApplicationId)
+        throw HostDataError(Failure::storeDamaged,
+                            "The host data file belongs to another program.");
+    if (pragma(database, "PRAGMA user_version") > kVersion)
+        throw HostDataError(Failure::storeTooNew,
+                            "The host data file was written by a newer version of this program.");
+    checkSound(database);
+}
+
+} // namespace tollvane::hostdata

@@ -1,0 +1,12 @@
+// The tables of the host data file.
+#pragma once
+
+#include "components/hostdata/store/Database.h"
+
+namespace tollvane::hostdata {
+
+// Creates the tables in a new file; checks an existing one. Raises HostDataError for a damaged
+// file, for the file of another program, and for one written by a newer version.
+void prepareSchema(Database& database);
+
+} // namespace tollvane::hostdata

@@ -1,0 +1,138 @@
+#include "components/hostdata/tests/TestSupport.h"
+
+#include <chrono>
+#include <fstream>
+#include <future>
+#include <thread>
+
+namespace tollvane::hostdata {
+namespace {
+
+void addRow(Database& database, const std::string& name) {
+    database.prepare("INSERT INTO store_settings (name, value) VALUES (?, x'00')")
+        .bind(std::string_view(name))
+        .run();
+}
+
+std::int64_t rows(Store& store) {
+    return store.read([](Database& database) {
+        auto query = database.prepare("SELECT count(*) FROM store_settings");
+        return query.step() ? query.number(0) : -1;
+    });
+}
+
+void overwrite(const std::string& path, std::streamoff at, const std::string& bytes) {
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(at);
+    file << bytes;
+}
+
+TEST(Store, CreatesItsFolderAndTables) {
+    const TestFolder folder;
+    Store store(folder.file("shop one/data/hostdata.db"));
+    EXPECT_EQ(rows(store), 1);
+}
+
+TEST(Store, FailedWorkLeavesNothingBehind) {
+    const TestFolder folder;
+    Store store(folder.file());
+    EXPECT_THROW(store.write([](Database& database) {
+        addRow(database, "half");
+        throw std::runtime_error("stop");
+    }),
+                 std::runtime_error);
+    EXPECT_EQ(rows(store), 1);
+    store.write([](Database& database) { addRow(database, "whole"); });
+    EXPECT_EQ(rows(store), 2);
+}
+
+TEST(Store, TwoConnectionsWriteAtTheSameTime) {
+    const TestFolder folder;
+    Store one(folder.file());
+    Store two(folder.file());
+    constexpr int each = 20;
+    const auto fill = [](Store& store, const std::string& prefix) {
+        for (int i = 0; i < each; ++i)
+            store.write([&](Database& database) { addRow(database, prefix + std::to_string(i)); });
+    };
+    std::thread other(fill, std::ref(two), "two");
+    fill(one, "one");
+    other.join();
+    EXPECT_EQ(rows(one), 1 + 2 * each);
+}
+
+TEST(Store, WaitsForAnotherConnectionThatHoldsTheWriteLock) {
+    const TestFolder folder;
+    Store one(folder.file());
+    Store two(folder.file());
+    std::promise<void> locked;
+    std::promise<void> release;
+    std::thread holder([&] {
+        one.write([&](Database& database) {
+            addRow(database, "one");
+            locked.set_value();
+            release.get_future().wait();
+        });
+    });
+    locked.get_future().wait();
+    auto waiting = std::async(std::launch::async, [&] {
+        two.write([](Database& database) { addRow(database, "two"); });
+    });
+    EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(100)), std::future_status::timeout);
+    release.set_value();
+    EXPECT_NO_THROW(waiting.get());
+    holder.join();
+    EXPECT_EQ(rows(two), 3);
+}
+
+TEST(Store, TextThatIsNoDatabaseIsReportedAsDamaged) {
+    const TestFolder folder;
+    std::ofstream(folder.file()) << std::string(8192, 'x');
+    Store store(folder.file());
+    EXPECT_EQ(failureOf([&] { rows(store); }), Failure::storeDamaged);
+}
+
+TEST(Store, OverwrittenPagesAreReportedAsDamaged) {
+    const TestFolder folder;
+    { EXPECT_EQ(rows(*std::make_unique<Store>(folder.file())), 1); }
+    overwrite(folder.file(), 4096, std::string(8192, '\x5A'));
+    Store store(folder.file());
+    EXPECT_EQ(failureOf([&] { rows(store); }), Failure::storeDamaged);
+}
+
+TEST(Store, TheFileOfAnotherProgramIsRefused) {
+    const TestFolder folder;
+    {
+        Database other(folder.file());
+        other.execute("CREATE TABLE theirs (x)");
+    }
+    Store store(folder.file());
+    EXPECT_EQ(failureOf([&] { rows(store); }), Failure::storeDamaged);
+    Database other(folder.file());
+    EXPECT_NO_THROW(other.execute("SELECT x FROM theirs"));
+}
+
+TEST(Store, AFileOfANewerVersionIsRefused) {
+    const TestFolder folder;
+    Store first(folder.file());
+    first.read([](Database& database) { database.execute("PRAGMA user_version=2"); });
+    Store second(folder.file());
+    EXPECT_EQ(failureOf([&] { rows(second); }), Failure::storeTooNew);
+}
+
+TEST(Store, AFolderThatCannotBeMadeIsReportedAndTriedAgain) {
+    const TestFolder folder;
+    std::ofstream(folder.file("blocker")) << "a file where the folder should be";
+    Store store(folder.file("blocker/hostdata.db"));
+    EXPECT_EQ(failureOf([&] { rows(store); }), Failure::storeNotOpened);
+    std::filesystem::remove(folder.file("blocker"));
+    EXPECT_EQ(rows(store), 1);
+}
+
+TEST(HostDataError, NumberIsInTheApplicationErrorRange) {
+    const HostDataError error(Failure::storeDamaged, "text");
+    EXPECT_EQ(static_cast<std::uint32_t>(error.number()), 0x80040000U + 3002);
+}
+
+} // namespace
+} // namespace tollvane::hostdata

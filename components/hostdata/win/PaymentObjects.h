@@ -1,0 +1,41 @@
+// The payment record and its fields as automation objects.
+#pragma once
+
+#include "HostData.h"
+#include "components/hostdata/payments/PaymentRecord.h"
+#include "components/hostdata/win/HostObject.h"
+
+#include <memory>
+#include <string>
+
+namespace tollvane::hostdata {
+
+// Refers to a field by its place, so it follows its record to another position.
+class PaymentFieldObject final : public HostObject<IPaymentField> {
+public:
+    PaymentFieldObject(std::shared_ptr<PaymentRecord> record, std::size_t field);
+
+    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* value) override;
+    HRESULT STDMETHODCALLTYPE put_Value(VARIANT value) override;
+    HRESULT STDMETHODCALLTYPE get_Name(BSTR* name) override;
+
+private:
+    std::shared_ptr<PaymentRecord> record_;
+    std::size_t field_;
+};
+
+class PaymentRecordObject final : public HostObject<IPaymentRecord> {
+public:
+    explicit PaymentRecordObject(const std::string& operatorName);
+
+    HRESULT STDMETHODCALLTYPE get_Item(BSTR name, IDispatch** field) override;
+    HRESULT STDMETHODCALLTYPE put_Item(BSTR name, VARIANT value) override;
+    HRESULT STDMETHODCALLTYPE GetrecbyIDNumber(LONG id) override;
+    HRESULT STDMETHODCALLTYPE AddNew() override;
+    HRESULT STDMETHODCALLTYPE Update() override;
+
+private:
+    std::shared_ptr<PaymentRecord> record_;
+};
+
+} // namespace tollvane::hostdata
