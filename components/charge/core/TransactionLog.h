@@ -1,0 +1,42 @@
+// The transaction log for people: one line an operation, in columns that two blanks separate, with
+// a
+// "-" for what is empty. On the disk when a call returns. Never holds card data but the last four
+// digits.
+#pragma once
+
+#include "components/charge/core/FileStore.h"
+#include "components/charge/core/OperationNote.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tollvane::charge {
+
+enum class Settlement { AtOnce, AfterInterruption };
+
+class TransactionLog {
+public:
+    TransactionLog(FileStore& files, std::filesystem::path path);
+
+    // All raise FileFailure.
+
+    // Finds out whether the log can take another line.
+    void probe();
+    void writeOperation(const OperationNote& note, const ProcessorAnswer& answer,
+                        Settlement settlement);
+    // The processor was asked and the outcome is not known yet.
+    void writeUnknown(const OperationNote& note);
+    void writeSignIn(const Moment& time, const std::string& operatorName,
+                     const std::string& merchantId);
+    // Whether the outcome of the operation with this key has its line.
+    bool hasOutcome(const std::string& key);
+
+private:
+    void mendTail();
+    void appendLine(std::string line);
+
+    FileStore& files_;
+    std::filesystem::path path_;
+};
+
+} // namespace tollvane::charge
