@@ -40,6 +40,7 @@ class Display:
         self._settings = settings
         self._launch(["openbox", "--sm-disable", "--config-file", settings.name])
         until("the window manager", self._is_managed)
+        self.run("xsetroot", "-solid", "#5b7fa6")
 
     def _launch(self, command, **options):
         process = subprocess.Popen(command, env=self.environment(), stdin=subprocess.DEVNULL,
