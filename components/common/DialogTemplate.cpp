@@ -10,6 +10,7 @@ namespace {
 constexpr WORD buttonClass = 0x0080;
 constexpr WORD editClass = 0x0081;
 constexpr WORD staticClass = 0x0082;
+constexpr WORD listClass = 0x0083;
 constexpr WORD comboClass = 0x0085;
 
 struct Kind {
@@ -31,6 +32,9 @@ constexpr Kind kindOf(DialogItem item) {
     case DialogItem::ReadOnlyBox: return {editClass, box | ES_READONLY, WS_EX_CLIENTEDGE};
     case DialogItem::CheckBox: return {buttonClass, WS_TABSTOP | BS_AUTOCHECKBOX, 0};
     case DialogItem::ComboBox: return {comboClass, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, 0};
+    case DialogItem::ListBox:
+        return {listClass, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                WS_EX_CLIENTEDGE};
     case DialogItem::DefaultButton: return {buttonClass, WS_TABSTOP | BS_DEFPUSHBUTTON, 0};
     case DialogItem::Button:
     case DialogItem::CancelButton: break;

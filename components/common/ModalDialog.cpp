@@ -86,6 +86,8 @@ INT_PTR ModalDialog::handle(UINT message, WPARAM wParam) {
         onShow();
         return GetFocus() == before || !GetFocus();
     }
+    if (message == WM_TIMER)
+        onTimer();
     if (message == WM_COMMAND)
         return command(LOWORD(wParam), HIWORD(wParam));
     return FALSE;

@@ -23,6 +23,7 @@ enum class DialogItem {
     ReadOnlyBox,
     CheckBox,
     ComboBox, // a choice from a list
+    ListBox,
     Button,
     DefaultButton,
     CancelButton,
@@ -66,6 +67,8 @@ protected:
     // Any other button, check box, box or list: id and notification code (BN_CLICKED, EN_CHANGE
     // ...).
     virtual void onCommand(int id, int notification) { (void)id, (void)notification; }
+    // The dialog's timer: SetTimer on window(), KillTimer to stop it.
+    virtual void onTimer() {}
 
     HWND window() const noexcept { return window_; }
     HWND item(int id) const noexcept { return GetDlgItem(window_, id); }
