@@ -72,6 +72,8 @@ public:
     /// Minimises, maximises or restores by the caption bar.
     virtual void setWindowState(Form& form, WindowState state) = 0;
     /// Makes another program's window the active one, and comes back.
+    /// Drags the lower right corner of a resizable form by so many design units.
+    virtual void dragCorner(Form& form, int right, int down) = 0;
     virtual void leaveForAnotherProgram() = 0;
     virtual void comeBackTo(Form& form) = 0;
 

@@ -32,7 +32,8 @@ bool has(ControlKind kind, Property property) {
 
 ControlCore::ControlCore(MemoryForm& form, const ControlDescription& description)
     : owner(form), name(description.name), index(description.index), kind(description.kind),
-      visible(description.visible), tag(description.tag), toolTip(description.toolTip),
+      visible(description.visible), causesValidation(description.causesValidation),
+      follow(description.follow), tag(description.tag), toolTip(description.toolTip),
       bounds(description.at) {
     if (kind == ControlKind::textBox || kind == ControlKind::comboBox) {
         foreColour = Colour::System::windowText;

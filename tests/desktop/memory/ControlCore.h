@@ -55,6 +55,8 @@ public:
     bool visible = true;
     bool tabStop = true;
     bool locked = false;
+    bool causesValidation = true; ///< a user who goes here has the control that is left validated
+    Follow follow;
     std::string tag;
     std::string toolTip;
     Colour foreColour = Colour::System::buttonText;

@@ -1,5 +1,7 @@
 #include "tests/desktop/memory/MemoryForm.h"
 
+#include <algorithm>
+
 namespace tollvane::test {
 
 namespace {
@@ -11,7 +13,8 @@ constexpr long kCannotShow = 400;
 
 MemoryForm::MemoryForm(MemoryForms& host, const FormDescription& description)
     : host_(host), name_(description.name), caption_(description.caption),
-      defaultButton_(description.defaultButton), cancelButton_(description.cancelButton) {
+      defaultButton_(description.defaultButton), cancelButton_(description.cancelButton),
+      resizable_(description.resizable) {
     addControls(description);
     addMenus(description);
     for (const auto& core : cores_) {
@@ -101,6 +104,22 @@ void MemoryForm::show() {
     shown_ = true;
     host_.opened(*this);
     host_.activate(*this);
+}
+
+void MemoryForm::dragCorner(int right, int down) {
+    if (!resizable_) {
+        return;
+    }
+    const int wider = std::max(wider_ + right, 0) - wider_;
+    const int taller = std::max(taller_ + down, 0) - taller_;
+    wider_ += wider;
+    taller_ += taller;
+    for (const auto& core : cores_) {
+        core->bounds.left += core->follow.moveRight ? wider : 0;
+        core->bounds.top += core->follow.moveDown ? taller : 0;
+        core->bounds.width += core->follow.growRight ? wider : 0;
+        core->bounds.height += core->follow.growDown ? taller : 0;
+    }
 }
 
 void MemoryForm::showModal(Form* /*owner*/) {

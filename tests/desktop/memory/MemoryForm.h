@@ -44,6 +44,8 @@ public:
     const std::vector<MemoryTimer*>& timers() const { return timers_; }
     void runHandler(const std::string& where, const std::function<void()>& body);
     void setWindowState(WindowState state) { state_ = state; }
+    /// The described size is the smallest.
+    void dragCorner(int right, int down);
 
     // Focus
     void becameActive();
@@ -52,6 +54,8 @@ public:
     void changeFocus(ControlCore& to);
     /// By the user: the control that is left may refuse. True when the focus has arrived.
     bool moveFocusByUser(ControlCore& to);
+    /// Asks the active control's validation whether it may be left.
+    bool validated();
     void tab(bool forward);
     void accessKey(char letter);
     void click(ControlCore& core);
@@ -75,6 +79,7 @@ private:
     bool keyPress(ControlCore* target, int& ascii);
     void enter(ControlCore* target);
     void press(const std::string& button);
+    ControlCore* withAccessKey(char letter) const;
     bool isTabStop(const ControlCore& core) const;
     ControlCore* nextStop(std::size_t from, bool forward) const;
     MemoryMenuItem& menuItem(std::string_view name);
@@ -92,6 +97,9 @@ private:
     std::vector<MemoryMenuItem*> menus_;
     ControlCore* active_ = nullptr;
     std::size_t lastPosition_ = 0; ///< of the control that had the focus last
+    bool resizable_;
+    int wider_ = 0; ///< than described
+    int taller_ = 0;
     int left_ = 0;
     int top_ = 0;
     WindowState state_ = WindowState::normal;

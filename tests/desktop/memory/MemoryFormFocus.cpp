@@ -74,19 +74,21 @@ void MemoryForm::changeFocus(ControlCore& to) {
     }
 }
 
+bool MemoryForm::validated() {
+    ControlCore* leaving = active_;
+    if (leaving == nullptr) {
+        return true;
+    }
+    bool cancel = false;
+    leaving->raise("Validate", leaving->events().validate, cancel);
+    return !cancel && active_ == leaving && host_.active() == this;
+}
+
 bool MemoryForm::moveFocusByUser(ControlCore& to) {
     if (active_ == &to) {
         return true;
     }
-    ControlCore* leaving = active_;
-    if (leaving != nullptr) {
-        bool cancel = false;
-        leaving->raise("Validate", leaving->events().validate, cancel);
-        if (cancel || active_ != leaving || host_.active() != this) {
-            return false;
-        }
-    }
-    if (!to.canTakeFocus()) {
+    if ((to.causesValidation && !validated()) || !to.canTakeFocus()) {
         return false;
     }
     changeFocus(to);
@@ -137,32 +139,39 @@ void MemoryForm::click(ControlCore& core) {
     }
 }
 
-void MemoryForm::accessKey(char letter) {
+ControlCore* MemoryForm::withAccessKey(char letter) const {
     const char wanted = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
-    for (const auto& core : cores_) {
-        if (!core->usable() || accessKeyOf(core->captionText()) != wanted) {
-            continue;
+    // Controls that share an access key take turns: the search starts behind the active one.
+    const std::size_t from = active_ != nullptr ? active_->position + 1 : 0;
+    for (std::size_t step = 0; step < cores_.size(); ++step) {
+        ControlCore* core = cores_[(from + step) % cores_.size()].get();
+        const auto* menu = dynamic_cast<const MemoryMenuItem*>(core);
+        const bool reachable = menu == nullptr || menu->level == 0;
+        if (reachable && core->usable() && accessKeyOf(core->captionText()) == wanted) {
+            return core;
         }
-        if (const auto* menu = dynamic_cast<const MemoryMenuItem*>(core.get())) {
-            if (menu->level == 0) {
-                openMenu(menu->ControlCore::name);
-                return;
-            }
-            continue;
+    }
+    return nullptr;
+}
+
+void MemoryForm::accessKey(char letter) {
+    ControlCore* core = withAccessKey(letter);
+    if (core == nullptr) {
+        return;
+    }
+    if (core->kind == ControlKind::menuItem) {
+        openMenu(core->name);
+    } else if (core->takesFocus()) {
+        if (moveFocusByUser(*core)) {
+            core->pressed();
         }
-        if (core->takesFocus()) {
-            if (moveFocusByUser(*core)) {
-                core->pressed();
-            }
-            return;
-        }
+    } else {
         const auto next =
             std::find_if(cores_.begin() + static_cast<std::ptrdiff_t>(core->position), cores_.end(),
                          [](const auto& candidate) { return candidate->canTakeFocus(); });
         if (next != cores_.end()) {
             moveFocusByUser(**next);
         }
-        return;
     }
 }
 

@@ -56,7 +56,11 @@ void MemoryForm::enter(ControlCore* target) {
         return;
     }
     const bool onButton = target != nullptr && target->kind == ControlKind::button;
-    press(onButton ? target->name : defaultButton_);
+    if (onButton) {
+        target->pressed();
+    } else if (!core(defaultButton_, -1).causesValidation || validated()) {
+        press(defaultButton_);
+    }
 }
 
 void MemoryForm::press(const std::string& button) {

@@ -188,6 +188,12 @@ void MemoryRobot::setWindowState(Form& form, WindowState state) {
     }
 }
 
+void MemoryRobot::dragCorner(Form& form, int right, int down) {
+    if (MemoryForm* reached = reach(form)) {
+        reached->dragCorner(right, down);
+    }
+}
+
 void MemoryRobot::leaveForAnotherProgram() {
     forms_.leave();
 }

@@ -26,6 +26,7 @@ public:
     void planModal(std::function<void(Form& form)> plan) override;
     void closeBox(Form& form) override;
     void setWindowState(Form& form, WindowState state) override;
+    void dragCorner(Form& form, int right, int down) override;
     void leaveForAnotherProgram() override;
     void comeBackTo(Form& form) override;
     void letTimePass(int milliseconds) override;

@@ -1,0 +1,485 @@
+// The life of the transaction form: what it looks like when it opens, and what it does on closing.
+
+#include "tests/scenarios/Till.h"
+
+namespace tollvane::test {
+namespace {
+
+const std::string kTestModeCaption = "Credit Card Charge/Credit   ** TEST MODE **";
+
+class OpeningTheForm : public TillTest {};
+
+TEST_F(OpeningTheForm, SelectsTheCharge) {
+    till.open();
+
+    EXPECT_TRUE(till.kind(0).selected());
+    EXPECT_EQ(till.program().TransType(), 0);
+    EXPECT_EQ(till.kind(0).caption(), "Charge");
+    EXPECT_EQ(till.kind(1).caption(), "Refund");
+    EXPECT_EQ(till.kind(2).caption(), "Void");
+}
+
+struct Length {
+    const char* box;
+    const char* field;
+    int length;
+};
+
+void PrintTo(const Length& row, std::ostream* out) {
+    *out << row.box;
+}
+
+class MaximumLength : public TillTest, public ::testing::WithParamInterface<Length> {};
+
+TEST_P(MaximumLength, IsWhatTheGatewayAccepts) {
+    till.desktop.charge.setMaximumLength(GetParam().field, GetParam().length);
+
+    till.open();
+
+    EXPECT_EQ(till.box(GetParam().box).maxLength(), GetParam().length);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, MaximumLength,
+    ::testing::Values(
+        Length{"txtCardNumber", "x_card_num", 19}, Length{"txtCardCode", "x_card_code", 5},
+        Length{"txtAmount", "x_amount", 11}, Length{"txtZipCode", "x_zip", 9},
+        Length{"txtBillToZip", "x_zip", 8}, Length{"txtTaxAmount", "x_tax", 7},
+        Length{"txtAuthNum", "x_auth_code", 8}, Length{"txtTransactionNumber", "x_trans_id", 12},
+        Length{"txtBillToStreet", "x_address", 31}, Length{"txtBillToCity", "x_city", 17},
+        Length{"txtEMail", "x_email", 63}, Length{"txtDescription", "x_description", 41},
+        Length{"txtInvoiceNumber", "x_invoice_num", 13}, Length{"txtPONumber", "x_po_num", 14}),
+    [](const auto& info) { return std::string(info.param.box); });
+
+TEST_F(OpeningTheForm, GivesTheHolderTheLengthOfBothNamesWithoutRoomForTheBlank) {
+    till.desktop.charge.setMaximumLength("x_first_name", 13);
+    till.desktop.charge.setMaximumLength("x_last_name", 21);
+
+    till.open();
+
+    EXPECT_EQ(till.box("txtCardName").maxLength(), 34);
+}
+
+TEST_F(OpeningTheForm, OffersEveryStateWithItsNumber) {
+    till.open();
+
+    ComboBox& states = till.list("cboBillToState");
+    ASSERT_EQ(states.count(), 58);
+    EXPECT_EQ(states.itemText(0), "AL");
+    EXPECT_EQ(states.itemText(57), "WY");
+    for (int i = 0; i < states.count(); ++i) {
+        EXPECT_EQ(states.itemData(i), 200 + i);
+    }
+    EXPECT_EQ(states.listIndex(), -1);
+}
+
+TEST_F(OpeningTheForm, OffersTheMonthsAndElevenYearsFromThisOneOn) {
+    till.open();
+
+    ComboBox& months = till.list("cboExpMonth");
+    ASSERT_EQ(months.count(), 12);
+    EXPECT_EQ(months.itemText(0), "01   January");
+    EXPECT_EQ(months.itemText(11), "12   December");
+    EXPECT_EQ(months.itemData(8), 9);
+    ComboBox& years = till.list("cboExpYear");
+    ASSERT_EQ(years.count(), 11);
+    EXPECT_EQ(years.itemText(0), "2026");
+    EXPECT_EQ(years.itemText(10), "2036");
+    EXPECT_EQ(years.itemData(10), 2036);
+    EXPECT_EQ(years.listIndex(), -1);
+}
+
+TEST_F(OpeningTheForm, ShowsDataPathAndLocationInTheStatusBar) {
+    till.desktop.environment.dataPath = " c:\\zenda\\SHOP data ";
+    till.desktop.environment.location = "main street";
+
+    till.open();
+
+    EXPECT_EQ(till.status(), "Data: C:\\Zenda\\Shop Data   Location: main street");
+}
+
+TEST_F(OpeningTheForm, ShowsTheCompanyWithItsOwnAmpersands) {
+    till.setCompany("Name", "Oak & Elm");
+    till.setCompany("City", "Springfield");
+    till.setCompany("State", "IL");
+    till.setCompany("Zip", "62701");
+    till.setCompany("Phone", "555-0100");
+
+    till.open();
+
+    EXPECT_EQ(till.form().control<Label>("lblCompanyInfo").caption(),
+              "Oak && Elm\r\nSpringfield, IL 62701\r\n555-0100");
+}
+
+TEST_F(OpeningTheForm, OffersTheLogViewerOnlyWhereItIsInstalled) {
+    till.open();
+
+    EXPECT_FALSE(till.form().control<MenuItem>("mnu_Report").visible());
+    EXPECT_EQ(till.desktop.files.probed.back(), "C:\\Program Files\\Tollvane\\LogLens.exe");
+}
+
+TEST_F(OpeningTheForm, OffersTheLogViewerThatStandsInTheProgramsFolder) {
+    till.desktop.files.folder = "C:\\";
+    till.desktop.files.addFile("C:\\LogLens.exe");
+
+    till.open();
+
+    EXPECT_TRUE(till.form().control<MenuItem>("mnu_Report").visible());
+}
+
+TEST_F(OpeningTheForm, OffersTheLogViewerThatIsRunning) {
+    till.desktop.files.addFile("C:\\Program Files\\Tollvane\\LogLens.exe", 32);
+
+    till.open();
+
+    EXPECT_TRUE(till.form().control<MenuItem>("mnu_Report").visible());
+}
+
+TEST_F(OpeningTheForm, HidesTheHoldersOwnAddress) {
+    till.open();
+
+    for (const char* name : {"txtStAddr", "txtZipCode", "Label6", "Label7"}) {
+        EXPECT_FALSE(till.form().find(name).visible()) << name;
+    }
+}
+
+TEST_F(OpeningTheForm, HidesTheBuffersAndTheStateName) {
+    till.open();
+
+    for (const char* name : {"txtMagStripe", "txtKbBuffer", "lblStateName"}) {
+        EXPECT_FALSE(till.form().find(name).visible()) << name;
+    }
+}
+
+TEST_F(OpeningTheForm, AcceptsOnlyDigitsAsCardNumber) {
+    till.open();
+
+    EXPECT_NE(till.box("txtCardNumber").windowStyle() & editstyle::digitsOnly, 0U);
+    till.desktop.robot->click(till.form(), "txtCardNumber");
+    till.desktop.robot->typeText("4a1 1-1x");
+    EXPECT_EQ(till.text("txtCardNumber"), "4111");
+    till.enter("txtCardNumber", "");
+}
+
+TEST_F(OpeningTheForm, LeavesTheFocusOnTheFirstField) {
+    till.open();
+
+    EXPECT_EQ(till.focus(), "optTransType");
+}
+
+class ExtendedData : public OpenTillTest {};
+
+TEST_F(ExtendedData, IsShownAndHidden) {
+    till.program().ShowExtendedData(true);
+    for (const char* name : {"txtStAddr", "txtZipCode", "Label6", "Label7"}) {
+        EXPECT_TRUE(till.form().find(name).visible()) << name;
+    }
+
+    till.program().ShowExtendedData(false);
+    for (const char* name : {"txtStAddr", "txtZipCode", "Label6", "Label7"}) {
+        EXPECT_FALSE(till.form().find(name).visible()) << name;
+    }
+}
+
+TEST_F(ExtendedData, ShowingItChangesNothingElse) {
+    till.enter("txtStAddr", "12 Elm Street");
+    till.enter("txtZipCode", "12345");
+    const bool enabled = till.box("txtStAddr").enabled();
+
+    till.program().ShowExtendedData(true);
+
+    EXPECT_EQ(till.text("txtStAddr"), "12 Elm Street");
+    EXPECT_EQ(till.text("txtZipCode"), "12345");
+    EXPECT_EQ(till.box("txtStAddr").enabled(), enabled);
+    EXPECT_EQ(till.focus(), "optTransType");
+}
+
+class FormPosition : public TillTest {
+protected:
+    void store(std::uint32_t x, std::uint32_t y) {
+        const char* key = "HKEY_LOCAL_MACHINE\\Software\\Norrow Programs\\Tollvane\\Window";
+        till.desktop.registry.addNumber(key, "X", x);
+        till.desktop.registry.addNumber(key, "Y", y);
+    }
+    void ini(const char* key, const char* value) {
+        till.desktop.files.setIni("CARDAUTH.INI", "Form", key, value);
+    }
+    void expectAt(int left, int top) {
+        till.open();
+        EXPECT_EQ(till.form().left(), left);
+        EXPECT_EQ(till.form().top(), top);
+    }
+};
+
+TEST_F(FormPosition, IsTheCornerWithoutFileAndSettings) {
+    expectAt(0, 0);
+}
+
+TEST_F(FormPosition, ComesFromTheFile) {
+    ini("Left", "1500");
+    ini("Top", "750");
+    expectAt(1500, 750);
+}
+
+TEST_F(FormPosition, ComesFromTheSettingsWithoutAFile) {
+    store(3000, 1200);
+    expectAt(3000, 1200);
+}
+
+TEST_F(FormPosition, OfTheFileWinsOverTheSettings) {
+    store(3000, 1200);
+    ini("Left", "1500");
+    ini("Top", "750");
+    expectAt(1500, 750);
+}
+
+TEST_F(FormPosition, TakesAMissingKeyFromTheSettings) {
+    store(3000, 1200);
+    ini("Top", "750");
+    expectAt(3000, 750);
+}
+
+TEST_F(FormPosition, TakesAKeyWithoutANumberAsZero) {
+    store(3000, 1200);
+    ini("Left", "left");
+    ini("Top", "");
+    expectAt(0, 0);
+}
+
+TEST_F(FormPosition, LeftBeyondTheScreenOpensAtTheCorner) {
+    ini("Left", "15375");
+    ini("Top", "750");
+    expectAt(0, 0);
+}
+
+TEST_F(FormPosition, TopBeyondTheScreenOpensAtTheCorner) {
+    ini("Left", "1500");
+    ini("Top", "11535");
+    expectAt(0, 0);
+}
+
+TEST_F(FormPosition, AtTheEdgeOfTheScreenIsKept) {
+    ini("Left", "15360");
+    ini("Top", "11520");
+    expectAt(15360, 11520);
+}
+
+TEST_F(FormPosition, StoredLeftBeyondTheScreenBecomesZero) {
+    store(20000, 1200);
+    expectAt(0, 1200);
+}
+
+TEST_F(FormPosition, NumberThatNoScreenHasOpensAtTheCorner) {
+    ini("Left", "99999999999999999999");
+    ini("Top", "1e200");
+    expectAt(0, 0);
+}
+
+class Caption : public TillTest {};
+
+TEST_F(Caption, ShowsTestMode) {
+    till.desktop.charge.testMode = true;
+    till.open();
+    EXPECT_EQ(till.form().caption(), kTestModeCaption);
+}
+
+TEST_F(Caption, IsBareOutsideTestMode) {
+    till.desktop.charge.testMode = false;
+    till.open();
+    EXPECT_EQ(till.form().caption(), "Credit Card Charge/Credit");
+}
+
+TEST_F(Caption, FollowsTheTestModeWhenTheFormIsActivatedAgain) {
+    till.open();
+    till.desktop.robot->leaveForAnotherProgram();
+    till.desktop.charge.testMode = true;
+    till.desktop.robot->comeBackTo(till.form());
+    EXPECT_EQ(till.form().caption(), kTestModeCaption);
+}
+
+TEST_F(Caption, FollowsTheTestModeAfterTheGatewayWasConfigured) {
+    till.open();
+    till.desktop.charge.onConfigureGateway = [this] { till.desktop.charge.testMode = true; };
+    till.desktop.robot->planPopUp("mnu_PGateway");
+
+    till.press("cmdModify");
+
+    EXPECT_EQ(till.desktop.charge.gatewayConfigured, 1);
+    EXPECT_EQ(till.form().caption(), kTestModeCaption);
+}
+
+TEST_F(Caption, OfAFailingComponentStaysAndIsReported) {
+    till.desktop.record.failNext("charge.TestMode", Error(70, "charge", "Permission denied"));
+
+    till.start();
+
+    EXPECT_EQ(till.boxes(), (std::vector<Message>{
+                                information("", "There was an error activating the form.\r\n\r\n"
+                                                "Error: 70, Permission denied")}));
+    EXPECT_EQ(till.form().caption(), "Credit Card Charge/Credit");
+}
+
+class ConfigureButton : public OpenTillTest {};
+
+TEST_F(ConfigureButton, OpensThePopUpMenuWithTheGatewaysSettings) {
+    till.desktop.robot->planPopUp("mnu_PSettings");
+
+    till.press("cmdModify");
+
+    EXPECT_EQ(till.desktop.charge.settingsConfigured, 1);
+    EXPECT_EQ(till.desktop.charge.gatewayConfigured, 0);
+}
+
+TEST_F(ConfigureButton, DismissedPopUpDoesNothing) {
+    till.press("cmdModify");
+
+    EXPECT_EQ(till.desktop.charge.settingsConfigured, 0);
+    EXPECT_EQ(till.desktop.charge.gatewayConfigured, 0);
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+}
+
+class ClosingTheForm : public OpenTillTest {
+protected:
+    std::optional<std::uint32_t> stored(const char* name) {
+        return till.desktop.registry.number(
+            "HKEY_LOCAL_MACHINE\\Software\\Norrow Programs\\Tollvane\\Window", name);
+    }
+};
+
+TEST_F(ClosingTheForm, ByCancelEndsTheProgram) {
+    till.press("cmdCancel");
+
+    EXPECT_FALSE(till.isOpen());
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, ByTheCloseBoxEndsTheProgram) {
+    till.desktop.robot->closeBox(till.form());
+
+    EXPECT_FALSE(till.isOpen());
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, ByTheMenuEndsTheProgram) {
+    till.desktop.robot->chooseMenu(till.form(), "mnuExit");
+
+    EXPECT_FALSE(till.isOpen());
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, ByFinishedAfterAnApprovalEndsTheProgram) {
+    till.approveCharge();
+    ASSERT_EQ(till.button("cmdCancel").caption(), "Finished");
+
+    till.press("cmdCancel");
+
+    EXPECT_FALSE(till.isOpen());
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, StoresItsPosition) {
+    till.form().move(1500, 750);
+
+    till.press("cmdCancel");
+
+    EXPECT_EQ(stored("X"), 1500U);
+    EXPECT_EQ(stored("Y"), 750U);
+}
+
+TEST_F(ClosingTheForm, StoresNoPositionOfAMaximisedForm) {
+    till.desktop.robot->setWindowState(till.form(), WindowState::maximised);
+
+    till.desktop.robot->closeBox(till.form());
+
+    EXPECT_EQ(stored("X"), std::nullopt);
+    EXPECT_EQ(stored("Y"), std::nullopt);
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, StoresNoPositionOfAMinimisedForm) {
+    till.desktop.robot->setWindowState(till.form(), WindowState::minimised);
+
+    till.desktop.robot->closeBox(till.form());
+
+    EXPECT_EQ(stored("X"), std::nullopt);
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, SavesNothingElseToTheSettings) {
+    till.fillCharge();
+    till.desktop.registry.forgetCalls();
+
+    till.press("cmdCancel");
+
+    std::vector<std::string> written;
+    for (const RegistryCall& call : till.desktop.registry.callsOf("setValueEx")) {
+        written.push_back(call.subKey);
+    }
+    EXPECT_EQ(written, (std::vector<std::string>{"X", "Y"}));
+}
+
+TEST_F(ClosingTheForm, PositionThatCannotBeStoredIsNoReasonToStay) {
+    till.desktop.registry.deny("HKEY_LOCAL_MACHINE\\Software", registry::anyWrite);
+
+    till.press("cmdCancel");
+
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+    EXPECT_FALSE(till.isOpen());
+    EXPECT_EQ(till.desktop.charge.freed, 1);
+}
+
+TEST_F(ClosingTheForm, ComponentThatFailsToFreeItselfIsReportedAndTheProgramEnds) {
+    till.desktop.record.failNext("charge.Free", Error(70, "charge", "Permission denied"));
+
+    till.press("cmdCancel");
+
+    EXPECT_EQ(till.boxes(),
+              (std::vector<Message>{information("", "There was an error closing the form.\r\n\r\n"
+                                                    "Error: 70, Permission denied")}));
+    EXPECT_FALSE(till.isOpen());
+}
+
+TEST_F(ClosingTheForm, DropsBothComponents) {
+    const long charge = till.desktop.charge.object().use_count();
+    const long environment = till.desktop.environment.object().use_count();
+
+    till.press("cmdCancel");
+
+    EXPECT_EQ(till.desktop.charge.object().use_count(), charge - 1);
+    EXPECT_EQ(till.desktop.environment.object().use_count(), environment - 1);
+}
+
+TEST_F(ClosingTheForm, CallsNothingOnTheChargeComponentAfterFree) {
+    till.press("cmdCancel");
+
+    EXPECT_EQ(till.desktop.record.texts("charge.").back(), "charge.Free()");
+}
+
+TEST_F(ClosingTheForm, WipesTheCardData) {
+    till.fillCharge();
+    till.enter("txtMagStripe", "%B4111111111111111^SMITH/JOHN^2712101000000?");
+
+    till.press("cmdCancel");
+
+    // The controls live on, emptied, as long as the form's object does.
+    for (const char* name : {"txtCardNumber", "txtCardCode", "txtMagStripe", "txtKbBuffer"}) {
+        EXPECT_EQ(till.text(name), "") << name;
+    }
+}
+
+class StateName : public OpenTillTest {};
+
+TEST_F(StateName, IsHiddenByTheTimerOnce) {
+    Label& name = till.form().control<Label>("lblStateName");
+    Timer& timer = till.form().control<Timer>("tmrDisplay");
+    name.setVisible(true);
+    timer.setEnabled(true);
+
+    till.desktop.robot->letTimePass(timer.interval() + 100);
+
+    EXPECT_FALSE(name.visible());
+    EXPECT_FALSE(timer.enabled());
+}
+
+} // namespace
+} // namespace tollvane::test
