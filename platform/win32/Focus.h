@@ -1,0 +1,40 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tollvane::win32 {
+
+class FormCore;
+class NativeControl;
+
+/// Which control of a form has the focus, and the events of its moves. The form's idea of the focus
+/// outlives a visit to another window, where the system's own does not.
+class Focus {
+public:
+    explicit Focus(FormCore& form) : form_(form) {}
+
+    NativeControl* active() const { return active_; }
+
+    /// The user goes to another control. False when the validation of the control that has the
+    /// focus refused, or when the target can no longer take it.
+    bool leaveTo(NativeControl& target);
+    /// Moves the focus without asking. The events are raised when the form is the active window.
+    void moveTo(NativeControl& target);
+    /// The control was disabled or hidden: nobody has the focus then, without an event.
+    void drop(const NativeControl& control);
+    /// The system gave the focus to a control.
+    void cameTo(NativeControl& control);
+    /// The system gave the focus to the form itself: on to the control that had it.
+    void restore();
+    /// The form is shown for the first time.
+    void enterFirst();
+
+private:
+    void raiseMove(NativeControl* from, NativeControl& to);
+
+    FormCore& form_;
+    NativeControl* active_ = nullptr;
+    bool moving_ = false;
+};
+
+} // namespace tollvane::win32

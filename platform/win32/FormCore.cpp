@@ -1,0 +1,74 @@
+#include "platform/win32/FormCore.h"
+
+#include "platform/win32/NativeControl.h"
+
+#include <algorithm>
+
+namespace tollvane::win32 {
+
+FormCore::FormCore(Ui& ui, FormEvents& events, const FormDescription& description)
+    : resizable(description.resizable), defaultButton(description.defaultButton),
+      cancelButton(description.cancelButton), ui_(ui), on_(events), name_(description.name),
+      designWidth_(description.width), designHeight_(description.height), dpi_(systemDpi()),
+      fonts_(std::make_unique<UiFonts>(dpi_)) {}
+
+FormCore::~FormCore() = default;
+
+void FormCore::setWindow(HWND window) {
+    window_ = window;
+    if (window_ && windowDpi(window_) != dpi_) {
+        dpi_ = windowDpi(window_);
+        fonts_ = std::make_unique<UiFonts>(dpi_);
+    }
+}
+
+void FormCore::setDpi(int dpi) {
+    dpi_ = dpi;
+    // The controls let go of the old fonts before those are deleted.
+    const auto old = std::exchange(fonts_, std::make_unique<UiFonts>(dpi));
+    for (const auto& control : controls_) {
+        control->applyFont();
+    }
+    layOut();
+}
+
+RECT FormCore::pixels(const Bounds& bounds) const {
+    RECT place{scaled(bounds.left, dpi_), scaled(bounds.top, dpi_),
+               scaled(bounds.left + bounds.width, dpi_), scaled(bounds.top + bounds.height, dpi_)};
+    RECT client{};
+    if (resizable && GetClientRect(window_, &client) && client.right > 0 && client.bottom > 0) {
+        const int width = scaled(designWidth_, dpi_);
+        const int height = scaled(designHeight_, dpi_);
+        place.left = MulDiv(place.left, client.right, width);
+        place.right = MulDiv(place.right, client.right, width);
+        place.top = MulDiv(place.top, client.bottom, height);
+        place.bottom = MulDiv(place.bottom, client.bottom, height);
+    }
+    return place;
+}
+
+void FormCore::layOut() {
+    for (const auto& control : controls_) {
+        control->place();
+    }
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+void FormCore::add(std::unique_ptr<NativeControl> control) {
+    controls_.push_back(std::move(control));
+}
+
+NativeControl* FormCore::controlOf(HWND child) const {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(),
+                     [child](const auto& control) { return child && control->window() == child; });
+    return found == controls_.end() ? nullptr : found->get();
+}
+
+NativeControl* FormCore::controlNamed(std::string_view name) const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [name](const auto& one) { return one->controlName() == name; });
+    return found == controls_.end() ? nullptr : found->get();
+}
+
+} // namespace tollvane::win32

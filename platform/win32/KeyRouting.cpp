@@ -1,0 +1,106 @@
+#include "platform/win32/KeyRouting.h"
+
+#include "platform/win32/FormCore.h"
+#include "platform/win32/NativeControl.h"
+
+namespace tollvane::win32 {
+
+namespace {
+
+bool isDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+int shiftState() {
+    return (isDown(VK_SHIFT) ? shiftmask::shift : 0) |
+           (isDown(VK_CONTROL) ? shiftmask::control : 0) | (isDown(VK_MENU) ? shiftmask::alt : 0);
+}
+
+bool isModifier(WPARAM key) {
+    return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU || key == VK_CAPITAL ||
+           key == VK_LWIN || key == VK_RWIN || key == VK_NUMLOCK;
+}
+
+bool isLetterOrDigit(WPARAM key) {
+    return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
+}
+
+} // namespace
+
+bool KeyRouting::keyDown(NativeControl* target, WPARAM& key, bool system) {
+    form_.ui().takeDroppedKey();
+    if (isModifier(key)) {
+        return true;
+    }
+    if (system && isDown(VK_MENU)) {
+        // Access keys and the window's own Alt keys move the focus and reach no handler.
+        const bool plain = !isDown(VK_CONTROL) && !isDown(VK_SHIFT);
+        if ((plain && isLetterOrDigit(key)) || key == VK_SPACE || key == VK_TAB || key == VK_F4) {
+            return true;
+        }
+    }
+    if (key == VK_TAB && !isDown(VK_CONTROL)) {
+        form_.ui().dropKey();
+        form_.navigation.tab(!isDown(VK_SHIFT));
+        return false;
+    }
+    if (!raiseKeyDown(target, key)) {
+        form_.ui().dropKey();
+        return false;
+    }
+    if (target && target->kind() == ControlKind::optionButton && key >= VK_LEFT && key <= VK_DOWN) {
+        form_.navigation.arrow(*target, key == VK_RIGHT || key == VK_DOWN);
+        return false;
+    }
+    return form_.window() != nullptr;
+}
+
+bool KeyRouting::raiseKeyDown(NativeControl* target, WPARAM& key) {
+    int code = static_cast<int>(key);
+    const int shift = shiftState();
+    if (form_.keyPreview && form_.on().keyDown) {
+        form_.ui().guarded([&] { form_.on().keyDown(code, shift); });
+    }
+    if (code != 0 && target && target->events().keyDown) {
+        form_.ui().guarded([&] { target->events().keyDown(code, shift); });
+    }
+    key = static_cast<WPARAM>(code);
+    return code != 0;
+}
+
+void KeyRouting::character(NativeControl* target, WPARAM character, LPARAM info) {
+    if (form_.ui().takeDroppedKey() || character == '\t') {
+        return;
+    }
+    int code = static_cast<unsigned char>(character);
+    if (form_.keyPreview && form_.on().keyPress) {
+        form_.ui().guarded([&] { form_.on().keyPress(code); });
+    }
+    if (code != 0 && target && target->events().keyPress) {
+        form_.ui().guarded([&] { target->events().keyPress(code); });
+    }
+    if (code == 0 || !form_.window()) {
+        return;
+    }
+    const bool kept = target && target->keepsEnterAndEscape();
+    if (!kept && code == VK_RETURN) {
+        pressNamed(form_.defaultButton);
+    } else if (!kept && code == VK_ESCAPE) {
+        pressNamed(form_.cancelButton);
+    } else if (target && target->isShownAndEnabled()) {
+        target->typed(code, info);
+    }
+}
+
+void KeyRouting::pressNamed(const std::string& button) const {
+    NativeControl* const named = button.empty() ? nullptr : form_.controlNamed(button);
+    if (named && named->canTakeFocus()) {
+        named->press();
+    }
+}
+
+bool KeyRouting::altCharacter(WPARAM character) const {
+    return form_.navigation.accessKey(static_cast<char>(character));
+}
+
+} // namespace tollvane::win32

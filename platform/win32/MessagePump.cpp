@@ -1,0 +1,45 @@
+#include "platform/win32/MessagePump.h"
+
+#include "platform/win32/Ui.h"
+
+namespace tollvane::win32 {
+
+void dispatch(Ui& ui, MSG& message) {
+    const bool keyDown = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+    if (keyDown && ui.formOf(message.hwnd)) {
+        DispatchMessageA(&message);
+        if (!ui.takeDroppedKey()) {
+            TranslateMessage(&message);
+        }
+        return;
+    }
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
+void pumpWhile(Ui& ui, const std::function<bool()>& condition) {
+    MSG message{};
+    while (condition()) {
+        const BOOL got = GetMessageA(&message, nullptr, 0, 0);
+        if (got == 0) {
+            // Whoever runs the outer loop has to hear of it too.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (got > 0) {
+            dispatch(ui, message);
+        }
+    }
+}
+
+bool pumpWaiting(Ui& ui) {
+    MSG message{};
+    bool any = false;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        any = true;
+        dispatch(ui, message);
+    }
+    return any;
+}
+
+} // namespace tollvane::win32

@@ -1,0 +1,220 @@
+#include "platform/win32/Win32TextBox.h"
+
+#include "platform/win32/Clipboard.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tollvane::win32 {
+
+namespace {
+
+/// Control characters that the keyboard produces.
+namespace typedcode {
+constexpr int selectAll = 1; // Ctrl + A
+constexpr int copy = 3;      // Ctrl + C
+constexpr int backspace = 8;
+constexpr int paste = 22; // Ctrl + V
+constexpr int cut = 24;   // Ctrl + X
+constexpr int undo = 26;  // Ctrl + Z
+constexpr int firstPrintable = 32;
+constexpr int controlBackspace = 127;
+} // namespace typedcode
+
+bool isDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+/// Text for a call that wants a closing NUL; wiped when it is done with.
+class ClosedText {
+public:
+    explicit ClosedText(std::string_view text) : bytes_(text.size() + 1) {
+        std::copy(text.begin(), text.end(), bytes_.begin());
+    }
+    ClosedText(const ClosedText&) = delete;
+    ClosedText& operator=(const ClosedText&) = delete;
+    ~ClosedText() { wipeMemory(bytes_.data(), bytes_.size()); }
+
+    LPARAM argument() const { return reinterpret_cast<LPARAM>(bytes_.data()); }
+
+private:
+    std::vector<char> bytes_;
+};
+
+} // namespace
+
+Win32TextBox::Win32TextBox(FormCore& form, const ControlDescription& description)
+    : ControlOf(form, description) {
+    const DWORD style = WS_TABSTOP | ES_AUTOHSCROLL |
+                        (description.rightAligned ? static_cast<DWORD>(ES_RIGHT) : 0) |
+                        (description.masked ? static_cast<DWORD>(ES_PASSWORD) : 0);
+    createWindow("EDIT", std::string(description.caption).c_str(), style, WS_EX_CLIENTEDGE);
+    // The length of what is typed is watched by insertTyped.
+    native(EM_SETLIMITTEXT, kDefaultMaxLength, 0);
+}
+
+SecretText Win32TextBox::secretText() const {
+    const auto length = static_cast<std::size_t>(native(WM_GETTEXTLENGTH, 0, 0));
+    std::vector<char> buffer(length + 1);
+    const auto got = static_cast<std::size_t>(
+        native(WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data())));
+    SecretText text({buffer.data(), std::min(got, length)});
+    wipeMemory(buffer.data(), buffer.size());
+    return text;
+}
+
+std::string Win32TextBox::text() const {
+    return std::string(secretText().view());
+}
+
+void Win32TextBox::setText(std::string_view text) {
+    send(WM_SETTEXT, 0, ClosedText(text).argument());
+}
+
+LRESULT Win32TextBox::edited(UINT message, WPARAM first, LPARAM second) {
+    const SecretText before = secretText();
+    const LRESULT answer = native(message, first, second);
+    if (window() && secretText() != before) {
+        raise(on.change);
+    }
+    return answer;
+}
+
+void Win32TextBox::overwriteOnce(std::size_t length, char filler) {
+    const ClosedText fillers(std::string(length, filler));
+    native(EM_SETSEL, 0, -1);
+    // As an undoable change, so that the undo buffer takes the fillers in too.
+    native(EM_REPLACESEL, TRUE, fillers.argument());
+}
+
+void Win32TextBox::wipeText() {
+    const auto length = static_cast<std::size_t>(native(WM_GETTEXTLENGTH, 0, 0));
+    if (length == 0) {
+        return;
+    }
+    // The control grows its buffers in steps: more fillers than there was text reach every byte.
+    const std::size_t plenty = length + 64;
+    overwriteOnce(plenty, 'x');
+    overwriteOnce(plenty, 'y');
+    overwriteOnce(plenty, 'z');
+    native(EM_EMPTYUNDOBUFFER, 0, 0);
+    native(WM_SETTEXT, 0, ClosedText("").argument());
+    native(EM_EMPTYUNDOBUFFER, 0, 0);
+    raise(on.change);
+}
+
+int Win32TextBox::selStart() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    native(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return static_cast<int>(start);
+}
+
+int Win32TextBox::selLength() const {
+    DWORD start = 0;
+    DWORD end = 0;
+    native(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return static_cast<int>(end - start);
+}
+
+void Win32TextBox::select(int start, int length) {
+    native(EM_SETSEL, static_cast<WPARAM>(start), length < 0 ? -1 : start + length);
+}
+
+std::uint32_t Win32TextBox::windowStyle() const {
+    return static_cast<std::uint32_t>(GetWindowLongA(window(), GWL_STYLE));
+}
+
+std::uint32_t Win32TextBox::setWindowStyle(std::uint32_t style) {
+    return static_cast<std::uint32_t>(
+        SetWindowLongA(window(), GWL_STYLE, static_cast<LONG>(style)));
+}
+
+void Win32TextBox::lockedChanged() {
+    native(EM_SETREADONLY, locked_, 0);
+}
+
+int Win32TextBox::room() const {
+    const auto length = static_cast<int>(native(WM_GETTEXTLENGTH, 0, 0));
+    return std::max(0, maxLength_ - (length - selLength()));
+}
+
+void Win32TextBox::typed(int character, LPARAM info) {
+    switch (character) {
+    case typedcode::copy: send(WM_COPY); return;
+    case typedcode::selectAll: select(0, -1); return;
+    case typedcode::paste: send(WM_PASTE); return;
+    case typedcode::cut: send(WM_CUT); return;
+    case typedcode::undo: send(WM_UNDO); return;
+    case typedcode::backspace: edited(WM_CHAR, typedcode::backspace, info); return;
+    default: break;
+    }
+    if (character >= typedcode::firstPrintable && character != typedcode::controlBackspace) {
+        insertTyped(character, info);
+    }
+}
+
+void Win32TextBox::insertTyped(int character, LPARAM info) {
+    const std::uint32_t style = windowStyle();
+    const bool digit = character >= '0' && character <= '9';
+    if (locked_ || room() < 1 || ((style & editstyle::digitsOnly) && !digit)) {
+        return;
+    }
+    std::array<char, 2> text{static_cast<char>(character), '\0'};
+    if (style & editstyle::upperCase) {
+        CharUpperBuffA(text.data(), 1);
+    } else if (style & editstyle::lowerCase) {
+        CharLowerBuffA(text.data(), 1);
+    }
+    edited(WM_CHAR, static_cast<unsigned char>(text[0]), info);
+}
+
+void Win32TextBox::insertPasted() {
+    if (locked_) {
+        return;
+    }
+    std::string text = clipboardText(window());
+    if (on.paste) {
+        form().ui().guarded([&] { on.paste(text); });
+    }
+    text.resize(std::min(text.find_first_of("\r\n"), text.size()));
+    text.resize(std::min(text.size(), static_cast<std::size_t>(room())));
+    if (!text.empty()) {
+        edited(EM_REPLACESEL, TRUE, ClosedText(text).argument());
+    }
+    wipe(text);
+}
+
+LRESULT Win32TextBox::keyDown(UINT message, WPARAM key, LPARAM info) {
+    const bool control = isDown(VK_CONTROL);
+    const bool shift = isDown(VK_SHIFT);
+    // Their characters do the work, so that a dropped character drops it too.
+    const bool lettered = key == 'A' || key == 'C' || key == 'V' || key == 'X' || key == 'Z';
+    if (control && lettered) {
+        return 0;
+    }
+    if (key == VK_INSERT && (control || shift)) {
+        return send(shift ? WM_PASTE : WM_COPY);
+    }
+    if (key == VK_DELETE && shift) {
+        return send(WM_CUT);
+    }
+    return edited(message, key, info);
+}
+
+LRESULT Win32TextBox::handle(UINT message, WPARAM first, LPARAM second) {
+    switch (message) {
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: return keyDown(message, first, second);
+    case WM_PASTE: insertPasted(); return 0;
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO: return locked_ ? 0 : edited(message, first, second);
+    case WM_SETTEXT:
+    case EM_REPLACESEL: return edited(message, first, second);
+    default: return ControlOf::handle(message, first, second);
+    }
+}
+
+} // namespace tollvane::win32

@@ -1,0 +1,30 @@
+#include "platform/win32/Win32Timer.h"
+
+namespace tollvane::win32 {
+
+Win32Timer::Win32Timer(FormCore& form, const ControlDescription& description)
+    : ControlOf(form, description), interval_(description.interval) {
+    enabled_ = false;
+}
+
+void Win32Timer::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    restart();
+}
+
+void Win32Timer::setInterval(int milliseconds) {
+    interval_ = milliseconds;
+    restart();
+}
+
+void Win32Timer::restart() {
+    if (!form().window()) {
+        return;
+    }
+    KillTimer(form().window(), idOf(*this));
+    if (enabled_ && interval_ > 0) {
+        SetTimer(form().window(), idOf(*this), static_cast<UINT>(interval_), nullptr);
+    }
+}
+
+} // namespace tollvane::win32
