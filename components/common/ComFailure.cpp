@@ -7,8 +7,6 @@
 
 namespace tollvane::com {
 
-namespace {
-
 std::string systemText(DWORD code) {
     char buffer[512] = {};
     const DWORD length = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
@@ -18,6 +16,8 @@ std::string systemText(DWORD code) {
         text.pop_back();
     return text.empty() ? "The system reported an error." : text;
 }
+
+namespace {
 
 void setErrorObject(const IID& interfaceId, const std::string& source,
                     const std::string& description) {

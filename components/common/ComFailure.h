@@ -9,6 +9,9 @@
 
 namespace tollvane::com {
 
+// What the system says about an error or result code, without line ends; never empty.
+std::string systemText(DWORD code);
+
 // Throws ComponentError for a failing result, with the system's text for it.
 [[noreturn]] void throwFailure(HRESULT result);
 [[noreturn]] void throwLastError(DWORD status = GetLastError());

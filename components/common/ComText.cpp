@@ -58,7 +58,19 @@ void requireOut(const void* out) {
 } // namespace
 
 Bstr::Bstr(std::wstring_view text) : text_(allocate(text)) {}
-Bstr::Bstr(std::string_view text) : text_(allocate(widen(text))) {}
+
+// Converts in place: card data leaves no copy behind.
+Bstr::Bstr(std::string_view text) {
+    const int length = static_cast<int>(text.size());
+    const int needed =
+        length > 0 ? MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0) : 0;
+    text_ = SysAllocStringLen(nullptr, static_cast<UINT>(needed));
+    if (!text_)
+        throw std::bad_alloc();
+    if (needed > 0)
+        MultiByteToWideChar(CP_ACP, 0, text.data(), length, text_, needed);
+}
+
 Bstr::Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
 
 Bstr& Bstr::operator=(Bstr&& other) noexcept {

@@ -54,7 +54,7 @@ function(tollvane_idl target file)
   file(CONFIGURE OUTPUT ${out}/${name}_tlb.rc CONTENT "1 TYPELIB \"@name@.tlb\"\n" @ONLY)
   set_source_files_properties(${out}/${name}_tlb.rc PROPERTIES
     OBJECT_DEPENDS ${out}/${name}.tlb COMPILE_OPTIONS "-I${out}")
-  set_source_files_properties(${out}/${name}_i.c PROPERTIES
+  set_source_files_properties(${out}/${name}_i.c PROPERTIES LANGUAGE CXX
     COMPILE_OPTIONS "$<$<NOT:$<C_COMPILER_ID:MSVC>>:-w>")
   target_sources(${target} PRIVATE ${out}/${name}.h ${out}/${name}_i.c ${out}/${name}_tlb.rc)
   target_include_directories(${target} SYSTEM PRIVATE ${out} ${TOLLVANE_IDL_DIR})

@@ -118,7 +118,7 @@ std::vector<Record> RecordFile::load() {
     DecodedRecords decoded = decodeRecords(content);
     if (decoded.damagedInside)
         throw failure(failurenumber::damagedFile, "Files",
-                      "The " + title_ + " \"" + path_.string() +
+                      "The " + title_ + " \"" + path_.filename().string() +
                           "\" is damaged. Nothing was sent. Put the file right from a backup.");
     size_ = decoded.validSize;
     if (content.size() > size_)

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace tollvane::charge {
 
@@ -16,8 +17,12 @@ struct Settings {
     int duplicateWindowSeconds = defaultDuplicateWindowSeconds; // 0: duplicates are not refused
     std::filesystem::path dataFolder;                           // journal and ledgers
     std::filesystem::path logFolder;
-    std::string logFileName = defaultLogFileName;
+    std::filesystem::path logFileName = defaultLogFileName;
 };
+
+// Whether a text can be the name of a file in any folder: no path, none of the characters that file
+// names exclude, not empty, no name of a device.
+bool isPlainFileName(std::string_view name);
 
 class SettingsSource {
 public:

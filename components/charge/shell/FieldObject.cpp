@@ -1,0 +1,29 @@
+#include "components/charge/shell/FieldObject.h"
+
+#include "components/charge/shell/FieldTexts.h"
+#include "components/common/ComFailure.h"
+
+#include <utility>
+
+namespace tollvane::charge {
+
+FieldObject::FieldObject(std::shared_ptr<ChargeService> service, const FieldDefinition& definition)
+    : DispatchObject(IID_ITransactionField), service_(std::move(service)), definition_(definition) {
+}
+
+HRESULT FieldObject::get_cTransactionFields_Value(BSTR* value) {
+    return com::guarded(interfaceId(), componentSource,
+                        [&] { com::give(value, service_->fields().get(definition_.field)); });
+}
+
+HRESULT FieldObject::put_cTransactionFields_Value(BSTR value) {
+    return com::guarded(interfaceId(), componentSource,
+                        [&] { setField(*service_, definition_.field, value); });
+}
+
+HRESULT FieldObject::get_cTransactionFields_MaximumLength(LONG* length) {
+    return com::guarded(interfaceId(), componentSource,
+                        [&] { com::give(length, definition_.maximumLength); });
+}
+
+} // namespace tollvane::charge
