@@ -1,0 +1,40 @@
+// Late-bound calls on another component.
+#pragma once
+
+#include "components/common/ComPtr.h"
+#include "components/common/ComText.h"
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace tollvane::environment {
+
+// Arguments that stay with the caller for the time of the call.
+[[nodiscard]] VARIANT argument(LONG value) noexcept;
+[[nodiscard]] VARIANT argument(bool value) noexcept;
+[[nodiscard]] VARIANT argument(const com::Bstr& text) noexcept;
+[[nodiscard]] VARIANT argument(BSTR text) noexcept;
+
+// One object of another component. Everything raises ComponentError with the number, the source and
+// the description that the component gave.
+class Remote {
+public:
+    explicit Remote(com::ComPtr<IDispatch> object);
+
+    com::Variant call(const wchar_t* name, std::initializer_list<VARIANT> arguments = {}) const;
+    [[nodiscard]] Remote object(const wchar_t* name,
+                                std::initializer_list<VARIANT> arguments = {}) const;
+    [[nodiscard]] com::ComPtr<IDispatch> pointer(const wchar_t* name,
+                                                 std::initializer_list<VARIANT> arguments) const;
+    [[nodiscard]] std::wstring text(const wchar_t* name) const;
+    [[nodiscard]] LONG number(const wchar_t* name,
+                              std::initializer_list<VARIANT> arguments = {}) const;
+    [[nodiscard]] bool flag(const wchar_t* name,
+                            std::initializer_list<VARIANT> arguments = {}) const;
+
+private:
+    com::ComPtr<IDispatch> object_;
+};
+
+} // namespace tollvane::environment
