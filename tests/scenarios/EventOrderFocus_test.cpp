@@ -207,6 +207,13 @@ TEST_F(EventOrderFocus, TabSkipsWhatIsDisabledHiddenOrNoStop) {
     EXPECT_EQ(active(), "txtFirst");
 }
 
+TEST_F(EventOrderFocus, WithNoActiveControlTabGoesOnFromTheLastOne) {
+    focusOn("chkBox");
+    traced.get<CheckBox>("chkBox").setEnabled(false);
+    robot.tab();
+    EXPECT_EQ(active(), "optKind0");
+}
+
 TEST_F(EventOrderFocus, OfAnOptionArrayTheSelectedButtonIsTheStop) {
     traced.get<OptionButton>("optKind", 2).select();
     focusOn("chkBox");

@@ -175,18 +175,22 @@ TEST_F(EventOrderKeys, AllThreeShiftKeysTogetherReachKeyDown) {
     EXPECT_EQ(take(), "Form_KeyDown(67,7) txtFirst_KeyDown(67,7)");
 }
 
-TEST_F(EventOrderKeys, TabReachesNoHandlerAsACharacter) {
+TEST_F(EventOrderKeys, TabReachesNoHandlerAsAKey) {
     traced.form().setKeyPreview(true);
+    watch(watchKeys | watchValues);
     robot.tab();
-    EXPECT_EQ(take().find("KeyPress"), std::string::npos);
+    robot.shiftTab();
+    robot.tab();
+    EXPECT_EQ(take(), "");
     EXPECT_EQ(active(), "txtSecond");
     EXPECT_EQ(traced.box("txtSecond").text(), "old");
 }
 
-TEST_F(EventOrderKeys, AccessKeysReachNoHandlerAsCharacters) {
+TEST_F(EventOrderKeys, AccessKeysReachNoHandlerAsKeys) {
     traced.form().setKeyPreview(true);
+    watch(watchKeys | watchValues);
     robot.accessKey('s');
-    EXPECT_EQ(take().find("KeyPress"), std::string::npos);
+    EXPECT_EQ(take(), "");
     EXPECT_EQ(active(), "txtSecond");
     EXPECT_EQ(traced.box("txtSecond").text(), "old");
 }
