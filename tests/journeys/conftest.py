@@ -7,6 +7,7 @@ import pytest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
+from harness.counter import Counter
 from harness.display import Display
 from harness.prefix import Prefix, TOP
 from harness.till import Till
@@ -46,6 +47,20 @@ def till(prefix, display, pictures, request):
     if getattr(request.node, "failed", False):
         made.picture("failed")
     made.close()
+
+
+@pytest.fixture
+def counter(till):
+    """The steps of the staff, with a picture of every state."""
+    return Counter(till, keep=till.picture)
+
+
+@pytest.fixture
+def open_counter(counter):
+    """The same with the program already started, an operator signed in and test mode off."""
+    counter.start()
+    counter.set_test_mode(False)
+    return counter
 
 
 @pytest.hookimpl(hookwrapper=True)

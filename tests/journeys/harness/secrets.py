@@ -16,6 +16,15 @@ def finds(files, secret):
     return found
 
 
+def finds_word(files, secret):
+    """The files in which the secret stands by itself: no letter or digit next to it."""
+    narrow = re.compile(rb"(?<![0-9A-Za-z])" + secret.encode("ascii") + rb"(?![0-9A-Za-z])")
+    wide = re.compile(rb"(?<![0-9A-Za-z]\0)" + secret.encode("utf-16-le")
+                      + rb"(?![0-9A-Za-z]\0)")
+    return [str(path) for path in files
+            if narrow.search(path.read_bytes()) or wide.search(path.read_bytes())]
+
+
 def compiled(secret, width):
     """A pattern of the secret's characters, also in groups parted by a blank or a hyphen."""
     rest = rb"\0" * (width - 1)

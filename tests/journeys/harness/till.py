@@ -30,6 +30,11 @@ class Till:
         self._probe.close()
         self.prefix.stop()
 
+    @staticmethod
+    def wait(what, question, otherwise=None):
+        """Waits until the question is answered with yes."""
+        return until(what, question, otherwise=otherwise)
+
     # Eyes
 
     def windows(self):
@@ -112,16 +117,19 @@ class Till:
             self.display.type(text)
 
     def choose(self, name, text, window=None):
-        """Opens a list and walks down to the entry with that text."""
+        """Opens a list and walks down to the entry that ends in that text."""
         window = window or self.front()
         self.click(name, window)
         self.display.press("Home")
-        for _ in range(self.control(name, window)["count"]):
-            if self.control(name, window).text == text:
+        for place in range(self.control(name, window)["count"]):
+            until(f"entry {place} of {name}",
+                  lambda at=place: self.control(name, window)["selected"] == at,
+                  otherwise=lambda: self.control(name, window)["selected"])
+            if self.control(name, window).text.endswith(text):
                 break
             self.display.press("Down")
         self.display.press("Return")
-        until(f"{text!r} in {name}", lambda: self.control(name, window).text == text,
+        until(f"{text!r} in {name}", lambda: self.control(name, window).text.endswith(text),
               otherwise=lambda: self.control(name, window).text)
 
     def push(self, name, window=None):
@@ -144,6 +152,7 @@ class Till:
               lambda: all(w.hwnd != box.hwnd for w in self.windows()))
         return text
 
-    def menu(self, *letters):
-        """Walks the menu bar by access keys."""
-        self.display.press("alt+" + letters[0], *letters[1:])
+    def await_menu(self):
+        """Waits for an open menu."""
+        until("an open menu",
+              lambda: any(w["class"] == "#32768" for w in self.windows()), otherwise=self.titles)

@@ -1,0 +1,157 @@
+"""What the staff of a shop do at the till, step by step, with the keyboard."""
+
+import dataclasses
+
+QUESTION = "Enter Company Information Now?"
+APPROVED = "Approved"
+FAILED = "Authorization Failed"
+
+
+@dataclasses.dataclass(frozen=True)
+class Card:
+    """A card as its holder reads it out. The number passes the check and belongs to nobody."""
+
+    holder: str = "Mary Ann Smith"
+    number: str = "4012888888881881"
+    code: str = "7391"
+    month: str = "August"
+    year: str = "2029"
+
+
+@dataclasses.dataclass(frozen=True)
+class Operator:
+    """Somebody who may sign in."""
+
+    first: str = "Olive"
+    last: str = "Trent"
+    user: str = "olive"
+    password: str = "counter-7-bell"
+
+
+CARD = Card()
+MANAGER = Operator()
+
+
+class Counter:
+    """The steps; each waits for what it needs and leaves the form or a message in front."""
+
+    def __init__(self, till, keep=lambda name: None):
+        """`keep` is called with a name at every state that is worth a picture."""
+        self.till = till
+        self.keep = keep
+
+    def start(self, operator=MANAGER):
+        """Starts the program for the first time ever, up to the transaction form."""
+        self.till.start()
+        self.enter_first_operator(operator)
+        self.refuse_company_question()
+        return self.till.form()
+
+    def start_again(self, operator=MANAGER):
+        """Starts the program when an operator is already there."""
+        self.till.start()
+        self.sign_in(operator)
+        self.refuse_company_question()
+        return self.till.form()
+
+    def enter_first_operator(self, operator):
+        """Fills the dialog that the very first start brings."""
+        window = self.till.window("First Operator")
+        self.keep("first-operator-empty")
+        self.till.enter("txtFirstName", operator.first, window)
+        self.till.enter("txtLastName", operator.last, window)
+        self.till.enter("txtUserName", operator.user, window)
+        self.till.enter("txtPassword", operator.password, window)
+        self.till.enter("txtPasswordAgain", operator.password, window)
+        self.keep("first-operator")
+        self.till.display.press("Return")
+
+    def sign_in(self, operator):
+        """Signs in; what comes next depends on what the operator may do."""
+        window = self.till.window("Sign In")
+        self.till.enter("txtUserName", operator.user, window)
+        self.till.enter("txtPassword", operator.password, window)
+        self.keep("sign-in")
+        self.till.display.press("Return")
+
+    def refuse_company_question(self):
+        """Answers No and returns the question."""
+        self.till.window(QUESTION)
+        self.keep("company-question")
+        return self.till.answer(QUESTION, "No")
+
+    def set_test_mode(self, wanted):
+        """Opens the charge component's own dialog through the form's pop-up menu."""
+        form = self.till.form()
+        self.till.push("cmdModify", form)
+        self.till.await_menu()
+        self.keep("configure-menu")
+        self.till.display.press("g")
+        dialog = self.till.window("Gateway Setup")
+        if self.till.control("chkTestMode", dialog).checked != wanted:
+            self.till.push("chkTestMode", dialog)
+        self.keep("gateway-setup")
+        self.till.display.press("Return")
+        return self.till.form(test_mode=wanted)
+
+    def fill_card(self, card=CARD):
+        """Keys the card."""
+        form = self.till.form()
+        self.till.enter("txtCardName", card.holder, form)
+        self.till.enter("txtCardNumber", card.number, form)
+        self.till.enter("txtCardCode", card.code, form)
+        self.till.choose("cboExpMonth", card.month, form)
+        self.till.choose("cboExpYear", card.year, form)
+
+    def fill_address(self):
+        """Keys a whole billing address."""
+        form = self.till.form()
+        self.till.enter("txtBillToStreet", "12 Harbor Road", form)
+        self.till.enter("txtBillToCity", "Springfield", form)
+        self.till.choose("cboBillToState", "IL", form)
+        self.till.enter("txtBillToZip", "62701", form)
+
+    def fill_charge(self, amount, tax="", card=CARD, description="Two chairs"):
+        """Keys everything that an ordinary charge needs."""
+        form = self.till.form()
+        self.fill_card(card)
+        self.till.enter("txtAmount", amount, form)
+        if tax:
+            self.till.enter("txtTaxAmount", tax, form)
+        self.fill_address()
+        self.till.enter("txtEMail", "mary@example.com", form)
+        self.till.enter("txtDescription", description, form)
+
+    def select(self, kind):
+        """Selects "Charge", "Refund" or "Void"."""
+        form = self.till.form()
+        button = next(c for c in form.controls() if c.caption == kind)
+        self.till.display.click(*button.centre)
+        self.till.wait("the type " + kind, lambda: self.till.option() == kind)
+
+    def fill_reference(self, amount, transaction, last_digits=None):
+        """Keys what a refund or a void needs: the amount and the earlier transaction."""
+        form = self.till.form()
+        if last_digits:
+            self.till.enter("txtCardNumber", last_digits, form)
+        self.till.enter("txtAmount", amount, form)
+        self.till.enter("txtTransactionNumber", transaction, form)
+
+    def submit(self, title=APPROVED, picture=None):
+        """Submits, answers the result and returns its text."""
+        self.till.push("cmdSubmit", self.till.form())
+        self.till.window(title)
+        if picture:
+            self.keep(picture)
+        return self.till.answer(title, "OK")
+
+    def charge(self, amount, **details):
+        """One approved charge; returns its transaction id."""
+        self.fill_charge(amount, **details)
+        self.submit()
+        return self.till.text("txtTransactionNumber")
+
+    def finish(self):
+        """Closes the program by its own button ("Cancel" or "Finished")."""
+        self.till.push("cmdCancel", self.till.form())
+        self.till.wait("the program to end", lambda: not self.till.windows())

@@ -1,0 +1,135 @@
+"""Charges, refunds and voids at an open counter, and what they leave in the shop's books."""
+
+import re
+
+from harness import payments, secrets
+from harness.counter import APPROVED, CARD, FAILED, MANAGER
+from harness.prefix import TOP
+
+MASKED = "*" * 12 + CARD.number[-4:]
+
+
+def details(text):
+    """The lines "name:<tab>value" of a result message."""
+    return dict(re.findall(r"^([^\n\t:]+):\t([^\n]*)$", text, re.MULTILINE))
+
+
+def test_a_charge_in_test_mode_is_approved_and_posts_nothing(till, counter, prefix):
+    counter.start()
+    counter.fill_charge("42.50", "2.50")
+    till.picture("filled")
+    text = counter.submit(picture="approved")
+    assert text.startswith("The authorization was successful.\n\nAproval code:\t"), text
+    till.picture("finished")
+    assert payments.read(prefix) == []
+
+
+def test_a_charge_is_approved_shown_and_posted(till, open_counter, prefix):
+    open_counter.fill_charge("42.50", "2.50")
+    till.picture("filled")
+    text = open_counter.submit(picture="approved")
+    assert text.startswith("The authorization was successful.\n\n"), text
+    shown = details(text)
+    assert till.text("txtAuthNum") == shown["Aproval code"]
+    assert till.text("txtTransactionNumber") == shown["Transaction ID"]
+    assert till.control("cmdCancel", till.form()).caption == "Finished"
+    till.wait("the focus on Finished", lambda: till.focused() == "cmdCancel",
+              otherwise=till.focused)
+    till.picture("finished")
+    record, = payments.read(prefix)
+    assert record == {"Account": MASKED, "Amount": "42.5", "Approval": shown["Aproval code"],
+                      "Expire": "0829", "PaidBy": "Charge", "SoldToLast": "Smith",
+                      "Street": "12 Harbor Road", "TransID": shown["Transaction ID"],
+                      "Zip": "62701", "Operator": MANAGER.user, "Created": record["Created"]}
+
+
+def test_a_second_submission_after_an_approval_is_refused(till, open_counter, prefix):
+    open_counter.charge("10.00")
+    text = open_counter.submit("Transaction Already Authorized", picture="already-authorized")
+    assert text == ("This transaction has already been authorized. "
+                    "Please enter a new transaction to continue.")
+    assert len(payments.read(prefix)) == 1
+
+
+def test_a_declined_charge_says_why_keeps_the_entry_and_posts_nothing(till, open_counter, prefix):
+    open_counter.fill_charge("7002.20")
+    text = open_counter.submit(FAILED, picture="declined")
+    assert text.startswith("The authorization failed.\n\nResponse code:\t2\nReason code:\t"), text
+    assert "declined" in text.splitlines()[-1]
+    form = till.form()
+    till.picture("ready-to-correct")
+    assert till.control("txtCardName", form).text == CARD.holder
+    assert till.control("txtCardNumber", form).text == CARD.number
+    assert till.control("txtCardName", form).enabled
+    assert payments.read(prefix) == []
+    # The operator corrects the amount and goes on.
+    till.enter("txtAmount", "20.00", form)
+    open_counter.submit()
+    assert len(payments.read(prefix)) == 1
+
+
+def test_a_refund_is_posted_with_a_negative_amount(till, open_counter, prefix):
+    transaction = open_counter.charge("80.00")
+    open_counter.select("Refund")
+    till.picture("refund-empty")
+    open_counter.fill_reference("30.00", transaction, CARD.number[-4:])
+    till.picture("refund-filled")
+    text = open_counter.submit(picture="refunded")
+    assert text.startswith("The refund was successful.\n\n"), text
+    charged, refunded = payments.read(prefix)
+    assert (charged["Amount"], refunded["Amount"]) == ("80", "-30")
+    assert refunded["Account"] == CARD.number[-4:]
+
+
+def test_a_refund_above_what_is_left_is_refused(till, open_counter, prefix):
+    transaction = open_counter.charge("15.00")
+    open_counter.select("Refund")
+    open_counter.fill_reference("15.01", transaction, CARD.number[-4:])
+    text = open_counter.submit(FAILED, picture="refund-too-large")
+    assert text.startswith("The refund failed.\n\nResponse code:\t3"), text
+    assert "left to refund" in text
+    assert len(payments.read(prefix)) == 1
+
+
+def test_a_void_is_posted_as_a_void(till, open_counter, prefix):
+    transaction = open_counter.charge("64.20")
+    open_counter.select("Void")
+    till.picture("void-empty")
+    open_counter.fill_reference("64.20", transaction)
+    text = open_counter.submit(picture="voided")
+    assert text.startswith("The void was successful.\n\n"), text
+    charged, voided = payments.read(prefix)
+    assert (voided["Amount"], voided["Approval"]) == ("-64.2", "VOID")
+    assert "Account" not in voided or voided["Account"] == ""
+
+
+def test_a_charge_authorized_by_telephone_is_captured(till, open_counter, prefix):
+    open_counter.fill_charge("31.00")
+    till.push("chkVoiceAuth", till.form())
+    till.wait("the approval code's box", lambda: till.control("txtAuthNum").enabled)
+    till.enter("txtAuthNum", "A1B2C3", till.form())
+    till.picture("voice-filled")
+    text = open_counter.submit(picture="captured")
+    assert text.startswith("The voice authorization capture was successful.\n\n"), text
+    record, = payments.read(prefix)
+    assert record["Amount"] == "31"
+
+
+def test_no_trace_of_the_card_is_left_on_the_machine(till, open_counter, prefix):
+    open_counter.charge("42.50", description="Swept")
+    open_counter.select("Charge")
+    open_counter.fill_charge("7002.20")
+    open_counter.submit(FAILED)
+    open_counter.finish()
+    planted = prefix.folder / "drive_c" / "planted.bin"
+    planted.write_bytes(CARD.number.encode("utf-16-le") + b" " + CARD.code.encode())
+    prefix.run("reg", "add", r"HKCU\Software\Planted", "/v", "Number", "/d", CARD.number, "/f")
+    till.close()
+    files = secrets.left_behind(prefix.folder, TOP / "build" / "prefix-installed")
+    registry = {str(prefix.folder / "user.reg")}
+    # The search itself works: it finds what was planted, and looks into what was written.
+    assert set(secrets.finds(files, CARD.number)) == {str(planted)} | registry
+    assert secrets.finds(files, MASKED[-8:]), "the masked number is in the books"
+    # A code of four digits may stand in any number by chance: it is sought as a word of its own,
+    # and in whatever the program wrote in full.
+    assert secrets.finds_word(files, CARD.code) == [str(planted)]
