@@ -93,7 +93,7 @@ private:
         bool symbolBehind = false;
         bool closed = false;
         while (takeOnce(symbolBehind, style_.currencySymbol) || takeSign() ||
-               (bracket_ && takeOnce(closed, ")")) || takeBlank()) {
+               (bracket_ && takeOnce(closed, ")")) || takeGroupSeparator() || takeBlank()) {
         }
         return at_ == text_.size() && bracket_ == closed;
     }
@@ -131,7 +131,8 @@ private:
                 break;
             }
         }
-        if (anyDigit) {
+        // A symbol in front says money, and money is not written with an exponent.
+        if (anyDigit && !symbolInFront_) {
             scanExponent();
         }
         return anyDigit;

@@ -118,6 +118,7 @@ TEST(MoneyFromText, GroupSeparatorsCountForNothingBehindTheFirstDigit) {
     EXPECT_EQ(scaled("1,2,3"), 1'230'000);
     EXPECT_EQ(scaled("1,,2"), 120'000);
     EXPECT_EQ(scaled("12,"), 120'000);
+    EXPECT_EQ(scaled("12 -,"), -120'000);
     EXPECT_EQ(scaled("1.2,3"), 12'300);
     EXPECT_EQ(failure(",123"), 13);
 }
@@ -130,7 +131,7 @@ TEST(MoneyFromText, ReadsExponents) {
     EXPECT_EQ(scaled("1,000e3"), 10'000'000'000);
     EXPECT_EQ(scaled("1e-300"), 0);
     EXPECT_EQ(scaled("0e99999999999999999999"), 0);
-    for (const char* text : {"1e", "1e+", "e3", "1 e3", "1e 3", "1e3.5"}) {
+    for (const char* text : {"1e", "1e+", "e3", "1 e3", "1e 3", "1e3.5", "$1e3"}) {
         EXPECT_EQ(failure(text), 13) << text;
     }
 }
