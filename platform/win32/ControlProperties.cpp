@@ -36,8 +36,7 @@ bool offers(ControlKind kind, Property property) {
     case Property::foreColour:
         return takesKeys(kind) || kind == ControlKind::label || kind == ControlKind::frame;
     case Property::backColour:
-        return takesKeys(kind) || kind == ControlKind::label || kind == ControlKind::frame ||
-               kind == ControlKind::picture;
+        return offers(kind, Property::foreColour) || kind == ControlKind::picture;
     }
     return false;
 }

@@ -7,15 +7,20 @@
 
 namespace tollvane::win32 {
 
+bool Focus::validated() {
+    NativeControl* const leaving = active_;
+    bool cancel = false;
+    if (leaving && leaving->events().validate) {
+        form_.ui().guarded([&] { leaving->events().validate(cancel); });
+    }
+    return !cancel && form_.window() && active_ == leaving;
+}
+
 bool Focus::leaveTo(NativeControl& target) {
     if (active_ == &target) {
         return true;
     }
-    bool cancel = false;
-    if (active_ && active_->events().validate) {
-        form_.ui().guarded([&] { active_->events().validate(cancel); });
-    }
-    if (cancel || !form_.window() || !target.canTakeFocus()) {
+    if ((target.causesValidation() && !validated()) || !target.canTakeFocus()) {
         return false;
     }
     moveTo(target);
@@ -28,21 +33,32 @@ void Focus::moveTo(NativeControl& target) {
     }
     NativeControl* const from = std::exchange(active_, &target);
     if (!form_.isActive()) {
+        // Coming back to the form raises nothing in its controls.
+        told_ = entered_ ? &target : nullptr;
         return;
     }
-    const bool outer = std::exchange(moving_, true);
-    SetFocus(target.window());
-    moving_ = outer;
+    take(target);
     raiseMove(from, target);
 }
 
+void Focus::take(NativeControl& control) {
+    const bool outer = std::exchange(moving_, true);
+    SetFocus(control.window());
+    moving_ = outer;
+}
+
 void Focus::raiseMove(NativeControl* from, NativeControl& to) {
-    if (from && from->events().lostFocus) {
+    const bool tell = from && from == told_;
+    told_ = nullptr;
+    if (tell && from->events().lostFocus) {
         form_.ui().guarded(from->events().lostFocus);
     }
     // The handler may have sent the focus elsewhere, or closed the form.
-    if (form_.window() && active_ == &to && to.events().gotFocus) {
-        form_.ui().guarded(to.events().gotFocus);
+    if (form_.window() && active_ == &to && told_ != &to) {
+        told_ = &to;
+        if (to.events().gotFocus) {
+            form_.ui().guarded(to.events().gotFocus);
+        }
     }
 }
 
@@ -51,6 +67,7 @@ void Focus::drop(const NativeControl& control) {
         return;
     }
     active_ = nullptr;
+    told_ = nullptr;
     if (form_.isActive()) {
         SetFocus(form_.window()); // the form's key preview still sees the keys
     }
@@ -65,15 +82,18 @@ void Focus::cameTo(NativeControl& control) {
 
 void Focus::restore() {
     if (active_ && active_->window()) {
-        SetFocus(active_->window());
+        take(*active_);
     }
 }
 
 void Focus::enterFirst() {
+    entered_ = true;
+    if (!active_) {
+        active_ = form_.navigation.firstStop();
+    }
     if (active_) {
-        restore();
-    } else if (NativeControl* first = form_.navigation.firstStop()) {
-        moveTo(*first);
+        take(*active_);
+        raiseMove(nullptr, *active_);
     }
 }
 

@@ -15,6 +15,8 @@ public:
 
     NativeControl* active() const { return active_; }
 
+    /// Asks the validation of the control that has the focus; false when it refuses.
+    bool validated();
     /// The user goes to another control. False when the validation of the control that has the
     /// focus refused, or when the target can no longer take it.
     bool leaveTo(NativeControl& target);
@@ -31,9 +33,12 @@ public:
 
 private:
     void raiseMove(NativeControl* from, NativeControl& to);
+    void take(NativeControl& control);
 
     FormCore& form_;
     NativeControl* active_ = nullptr;
+    NativeControl* told_ = nullptr; ///< the control that knows that it has the focus
+    bool entered_ = false;
     bool moving_ = false;
 };
 

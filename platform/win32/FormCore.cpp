@@ -9,7 +9,7 @@ namespace tollvane::win32 {
 FormCore::FormCore(Ui& ui, FormEvents& events, const FormDescription& description)
     : resizable(description.resizable), defaultButton(description.defaultButton),
       cancelButton(description.cancelButton), ui_(ui), on_(events), name_(description.name),
-      designWidth_(description.width), designHeight_(description.height), dpi_(systemDpi()),
+      width_(description.width), height_(description.height), dpi_(systemDpi()),
       fonts_(std::make_unique<UiFonts>(dpi_)) {}
 
 FormCore::~FormCore() = default;
@@ -33,18 +33,33 @@ void FormCore::setDpi(int dpi) {
 }
 
 RECT FormCore::pixels(const Bounds& bounds) const {
-    RECT place{scaled(bounds.left, dpi_), scaled(bounds.top, dpi_),
-               scaled(bounds.left + bounds.width, dpi_), scaled(bounds.top + bounds.height, dpi_)};
+    return {scaled(bounds.left, dpi_), scaled(bounds.top, dpi_),
+            scaled(bounds.left + bounds.width, dpi_), scaled(bounds.top + bounds.height, dpi_)};
+}
+
+void FormCore::resized() {
     RECT client{};
-    if (resizable && GetClientRect(window_, &client) && client.right > 0 && client.bottom > 0) {
-        const int width = scaled(designWidth_, dpi_);
-        const int height = scaled(designHeight_, dpi_);
-        place.left = MulDiv(place.left, client.right, width);
-        place.right = MulDiv(place.right, client.right, width);
-        place.top = MulDiv(place.top, client.bottom, height);
-        place.bottom = MulDiv(place.bottom, client.bottom, height);
+    if (resizable && GetClientRect(window_, &client)) {
+        const int width = MulDiv(client.right, designDpi, dpi_);
+        const int height = MulDiv(client.bottom, designDpi, dpi_);
+        const int wider = width - std::exchange(width_, width);
+        const int taller = height - std::exchange(height_, height);
+        for (const auto& control : controls_) {
+            control->follow(wider, taller);
+        }
     }
-    return place;
+    layOut();
+}
+
+void FormCore::activated() {
+    activationDue_ = true;
+    PostMessageA(window_, kActivated, 0, 0);
+}
+
+void FormCore::deliverActivation() {
+    if (std::exchange(activationDue_, false) && window_ && on_.activate) {
+        ui_.guarded(on_.activate);
+    }
 }
 
 void FormCore::layOut() {

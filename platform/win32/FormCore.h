@@ -17,6 +17,9 @@ namespace tollvane::win32 {
 
 class NativeControl;
 
+/// Posted by a form to itself when it has become the active window.
+inline constexpr UINT kActivated = WM_APP + 1;
+
 /// What the parts of one form share: its window, its controls in the order of the table, its fonts,
 /// and the objects that lead focus and keys.
 class FormCore {
@@ -30,6 +33,11 @@ public:
     FormEvents& on() const { return on_; }
     const std::string& name() const { return name_; }
 
+    /// The form became the active window; its handler runs as soon as the system is done with that.
+    void activated();
+    /// Runs that handler now if it is due.
+    void deliverActivation();
+
     /// Null once the form has been closed.
     HWND window() const { return window_; }
     void setWindow(HWND window);
@@ -39,8 +47,10 @@ public:
     HFONT font(bool bold) const { return bold ? fonts_->bold() : fonts_->regular(); }
     /// Takes over a new DPI: fonts, places and tool tips of everything.
     void setDpi(int dpi);
-    /// Bounds in pixels; in a resized form stretched with its client area.
+    /// Bounds in pixels.
     RECT pixels(const Bounds& bounds) const;
+    /// The client area got a new size: moves and grows the controls that follow it.
+    void resized();
     /// Moves every control to its place.
     void layOut();
 
@@ -53,7 +63,7 @@ public:
 
     bool keyPreview = false;
     MousePointer pointer = MousePointer::standard;
-    bool resizable = false;
+    const bool resizable;
     const std::string defaultButton;
     const std::string cancelButton;
     Focus focus{*this};
@@ -65,9 +75,10 @@ private:
     Ui& ui_;
     FormEvents& on_;
     std::string name_;
-    int designWidth_;
-    int designHeight_;
+    int width_; ///< of the client area, design units
+    int height_;
     HWND window_ = nullptr;
+    bool activationDue_ = false;
     int dpi_;
     std::unique_ptr<UiFonts> fonts_;
     std::vector<std::unique_ptr<NativeControl>> controls_;

@@ -44,7 +44,7 @@ bool KeyRouting::keyDown(NativeControl* target, WPARAM& key, bool system) {
         form_.navigation.tab(!isDown(VK_SHIFT));
         return false;
     }
-    if (!raiseKeyDown(target, key)) {
+    if (!raiseKeyDown(target, key) || isGone(target)) {
         form_.ui().dropKey();
         return false;
     }
@@ -52,7 +52,11 @@ bool KeyRouting::keyDown(NativeControl* target, WPARAM& key, bool system) {
         form_.navigation.arrow(*target, key == VK_RIGHT || key == VK_DOWN);
         return false;
     }
-    return form_.window() != nullptr;
+    return true;
+}
+
+bool KeyRouting::isGone(const NativeControl* target) const {
+    return !form_.window() || (target && !target->isShownAndEnabled());
 }
 
 bool KeyRouting::raiseKeyDown(NativeControl* target, WPARAM& key) {
@@ -79,16 +83,28 @@ void KeyRouting::character(NativeControl* target, WPARAM character, LPARAM info)
     if (code != 0 && target && target->events().keyPress) {
         form_.ui().guarded([&] { target->events().keyPress(code); });
     }
-    if (code == 0 || !form_.window()) {
+    if (code == 0 || isGone(target)) {
         return;
     }
     const bool kept = target && target->keepsEnterAndEscape();
     if (!kept && code == VK_RETURN) {
-        pressNamed(form_.defaultButton);
+        enter(target);
     } else if (!kept && code == VK_ESCAPE) {
         pressNamed(form_.cancelButton);
-    } else if (target && target->isShownAndEnabled()) {
+    } else if (target) {
         target->typed(code, info);
+    }
+}
+
+void KeyRouting::enter(NativeControl* target) const {
+    const NativeControl* const named = form_.controlNamed(form_.defaultButton);
+    if (!named) {
+        return;
+    }
+    if (target && target->kind() == ControlKind::button) {
+        target->press();
+    } else if (!named->causesValidation() || form_.focus.validated()) {
+        pressNamed(form_.defaultButton);
     }
 }
 

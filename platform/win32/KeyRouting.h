@@ -24,7 +24,10 @@ public:
     bool altCharacter(WPARAM character) const;
 
 private:
+    /// True when a handler closed the form or took the target out of use.
+    bool isGone(const NativeControl* target) const;
     bool raiseKeyDown(NativeControl* target, WPARAM& key);
+    void enter(NativeControl* target) const;
     void pressNamed(const std::string& button) const;
 
     FormCore& form_;

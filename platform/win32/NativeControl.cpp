@@ -6,7 +6,8 @@ NativeControl::NativeControl(FormCore& form, const ControlDescription& descripti
     : visible_(description.visible), bold_(description.bold), tag_(description.tag),
       toolTip_(description.toolTip), fore_(defaultForeColour(description.kind)),
       back_(defaultBackColour(description.kind)), bounds_(description.at), form_(form),
-      name_(description.name), index_(description.index), kind_(description.kind) {}
+      name_(description.name), index_(description.index), kind_(description.kind),
+      follow_(description.follow), causesValidation_(description.causesValidation) {}
 
 const std::string& NativeControl::captionText() const {
     static const std::string none;
@@ -103,6 +104,13 @@ void NativeControl::place() {
                      SWP_NOZORDER | SWP_NOACTIVATE);
         form_.toolTips.update(*this);
     }
+}
+
+void NativeControl::follow(int wider, int taller) {
+    bounds_.left += follow_.moveRight ? wider : 0;
+    bounds_.top += follow_.moveDown ? taller : 0;
+    bounds_.width += follow_.growRight ? wider : 0;
+    bounds_.height += follow_.growDown ? taller : 0;
 }
 
 void NativeControl::applyFont() {

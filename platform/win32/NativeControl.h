@@ -35,6 +35,10 @@ public:
     bool isShownAndEnabled() const { return enabled_ && visible_; }
     bool canTakeFocus() const { return takesFocus() && isShownAndEnabled(); }
     bool isTabStop() const { return tabStop_; }
+    bool causesValidation() const { return causesValidation_; }
+
+    /// The form became wider and taller by so many design units.
+    void follow(int wider, int taller);
 
     /// The caption with its access key; empty where the kind has none.
     virtual const std::string& captionText() const;
@@ -95,6 +99,8 @@ private:
     std::string name_;
     int index_;
     ControlKind kind_;
+    Follow follow_;
+    bool causesValidation_;
     HWND window_ = nullptr; ///< destroyed with the form's window
     WNDPROC native_ = nullptr;
     BrushHandle backBrush_;

@@ -84,7 +84,7 @@ void Navigation::tab(bool forward) const {
     const std::size_t start = from ? placeOf(from) : (forward ? count - 1 : 0);
     for (std::size_t step = 1; step <= count; ++step) {
         NativeControl& next = *controls[(start + (forward ? step : count - step)) % count];
-        if (isStop(next) && !(from && sameArray(*from, next))) {
+        if (isStop(next)) {
             form_.focus.leaveTo(next);
             return;
         }

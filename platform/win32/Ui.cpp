@@ -19,6 +19,35 @@ void Ui::report() noexcept {
     }
 }
 
+void Ui::opened(FormCore& form) {
+    std::erase(openForms_, &form);
+    openForms_.push_back(&form);
+}
+
+void Ui::closed(FormCore& form) {
+    std::erase(openForms_, &form);
+    std::erase(modalForms_, &form);
+}
+
+void Ui::openedModal(FormCore& form) {
+    ++modalsSoFar_;
+    modalForms_.push_back(&form);
+}
+
+const Message* Ui::setOpenBox(const Message* box) {
+    modalsSoFar_ += box ? 1 : 0;
+    return std::exchange(openBox_, box);
+}
+
+void Ui::deliverActivations() {
+    // A copy: handlers may open and close forms.
+    for (FormCore* form : std::vector<FormCore*>(openForms_)) {
+        if (std::find(openForms_.begin(), openForms_.end(), form) != openForms_.end()) {
+            form->deliverActivation();
+        }
+    }
+}
+
 FormCore* Ui::formOf(HWND window) const {
     const HWND root = GetAncestor(window, GA_ROOT);
     const auto found = std::find_if(openForms_.begin(), openForms_.end(),
@@ -32,10 +61,7 @@ FormCore* Ui::formInFront() const {
         return form;
     }
     // The program is not the active one: the form that was opened last lies on top.
-    const auto visible = std::find_if(openForms_.rbegin(), openForms_.rend(), [](FormCore* form) {
-        return IsWindowVisible(form->window()) != FALSE;
-    });
-    return visible == openForms_.rend() ? nullptr : *visible;
+    return openForms_.empty() ? nullptr : openForms_.back();
 }
 
 LRESULT answerControlName(std::string_view name, WPARAM size, LPARAM buffer) {

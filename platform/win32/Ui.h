@@ -37,9 +37,13 @@ public:
     /// Passes the exception that is being handled to the last resort.
     void report() noexcept;
 
-    void opened(FormCore& form) { openForms_.push_back(&form); }
-    void closed(FormCore& form) { std::erase(openForms_, &form); }
+    void opened(FormCore& form);
+    void closed(FormCore& form);
+    /// The forms that have been shown and not been closed, the latest last.
     const std::vector<FormCore*>& openForms() const { return openForms_; }
+    /// Modal forms that are open, the innermost last.
+    const std::vector<FormCore*>& modalForms() const { return modalForms_; }
+    void openedModal(FormCore& form);
     /// The open form that is the window, or that it stands on, or null.
     FormCore* formOf(HWND window) const;
     /// The form that owns a message box shown now, or null.
@@ -48,11 +52,13 @@ public:
     /// Grows with every message box and modal form: whoever compares it before and after a handler
     /// knows whether the user was asked something in between.
     unsigned modalsSoFar() const { return modalsSoFar_; }
-    void countModal() { ++modalsSoFar_; }
 
     /// The message box that is open, or null.
     const Message* openBox() const { return openBox_; }
-    void setOpenBox(const Message* box) { openBox_ = box; }
+    /// Returns the box that was open before.
+    const Message* setOpenBox(const Message* box);
+    /// Tells the forms that have become active so, where they have not heard of it yet.
+    void deliverActivations();
 
     /// A key-down that ended its road: its character must not follow.
     void dropKey() { keyDropped_ = true; }
@@ -63,6 +69,7 @@ private:
     UINT controlNameMessage_;
     std::function<void(const Error&)> escaped_;
     std::vector<FormCore*> openForms_;
+    std::vector<FormCore*> modalForms_;
     unsigned modalsSoFar_ = 0;
     const Message* openBox_ = nullptr;
     bool keyDropped_ = false;

@@ -12,8 +12,7 @@ namespace {
 constexpr const char* kClassName = "TollvaneForm";
 constexpr int kProgramIcon = 1; // resource id
 constexpr long kControlNotFound = 730;
-/// Posted by a form to itself when it has become the active window.
-constexpr UINT kActivated = WM_APP + 1;
+constexpr long kCannotShow = 400;
 
 DWORD styleOf(const FormDescription& description) {
     DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
@@ -64,7 +63,6 @@ Win32Form::Win32Form(Ui& ui, const FormDescription& description)
     // The access keys and the focus are there to be seen: this is a program for keyboards.
     SendMessageA(core_.window(), WM_CHANGEUISTATE,
                  MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
-    ui.opened(core_);
 }
 
 Win32Form::~Win32Form() {
@@ -92,7 +90,9 @@ void Win32Form::createWindow(const FormDescription& description) {
               scaled(description.height, core_.dpi())};
     AdjustWindowRectExForDpi(&size, style, menus_->hasBar(), extended,
                              static_cast<UINT>(core_.dpi()));
-    SetWindowPos(window, nullptr, 0, 0, size.right - size.left, size.bottom - size.top,
+    smallest_ = {size.right - size.left, size.bottom - size.top};
+    smallestDpi_ = core_.dpi();
+    SetWindowPos(window, nullptr, 0, 0, smallest_.cx, smallest_.cy,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -173,29 +173,34 @@ void Win32Form::raise(const std::function<void()>& handler) {
 }
 
 void Win32Form::show() {
+    if (!core_.window()) {
+        throw Error(kCannotShow, core_.name(), "The form has been closed");
+    }
     if (!std::exchange(loaded_, true)) {
         raise(on.load);
     }
     if (!core_.window()) {
         return; // closed again while it was loaded
     }
-    const bool first = !IsWindowVisible(core_.window());
-    showing_ = true;
+    const bool first = !std::exchange(shown_, true);
+    core_.ui().opened(core_);
+    showing_ = first;
     ShowWindow(core_.window(), first ? SW_SHOWNORMAL : SW_SHOW);
     SetForegroundWindow(core_.window());
     showing_ = false;
-    UpdateWindow(core_.window());
     if (first) {
+        UpdateWindow(core_.window());
         core_.focus.enterFirst();
         raise(on.activate);
     }
+    core_.deliverActivation();
 }
 
 void Win32Form::showModal(Form* owner) {
     if (!core_.window()) {
         return;
     }
-    core_.ui().countModal();
+    core_.ui().openedModal(core_);
     const auto* const parent = dynamic_cast<const Win32Form*>(owner);
     SetWindowLongPtrA(core_.window(), GWLP_HWNDPARENT,
                       reinterpret_cast<LONG_PTR>(parent ? parent->window() : nullptr));
@@ -208,6 +213,7 @@ void Win32Form::showModal(Form* owner) {
     }
     show();
     pumpWhile(core_.ui(), [this] { return isOpen(); });
+    core_.ui().deliverActivations();
 }
 
 void Win32Form::centreOver(const Form* owner) {
@@ -237,8 +243,25 @@ void Win32Form::close() {
     for (const HWND held : std::exchange(heldByModal_, {})) {
         EnableWindow(held, TRUE);
     }
+    activateNext();
     menus_->detach();
     DestroyWindow(core_.window());
+    core_.ui().deliverActivations();
+}
+
+void Win32Form::activateNext() {
+    const auto& forms = core_.ui().openForms();
+    const auto next = std::find_if(forms.rbegin(), forms.rend(), [](const FormCore* form) {
+        return IsWindowEnabled(form->window()) != FALSE;
+    });
+    if (core_.isActive() && next != forms.rend()) {
+        SetActiveWindow((*next)->window());
+    }
+}
+
+void Win32Form::limitSize(MINMAXINFO& limits) const {
+    limits.ptMinTrackSize = {MulDiv(smallest_.cx, core_.dpi(), smallestDpi_),
+                             MulDiv(smallest_.cy, core_.dpi(), smallestDpi_)};
 }
 
 LRESULT CALLBACK Win32Form::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
@@ -374,12 +397,16 @@ std::optional<LRESULT> Win32Form::windowMessage(UINT message, WPARAM first, LPAR
     case WM_DESTROY: core_.setWindow(nullptr); return std::nullopt;
     case WM_SIZE:
         if (first != SIZE_MINIMIZED) {
-            core_.layOut();
+            core_.resized();
         }
+        return 0;
+    case WM_GETMINMAXINFO:
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
+        limitSize(*reinterpret_cast<MINMAXINFO*>(second));
         return 0;
     case WM_SETFOCUS: core_.focus.restore(); return 0;
     case WM_ACTIVATE: activation(LOWORD(first) != WA_INACTIVE); return std::nullopt;
-    case kActivated: raise(on.activate); return 0;
+    case kActivated: core_.deliverActivation(); return 0;
     case WM_LBUTTONDBLCLK:
         if (isBackground(
                 {static_cast<short>(LOWORD(second)), static_cast<short>(HIWORD(second))})) {
@@ -401,7 +428,7 @@ void Win32Form::activation(bool active) {
         // A message box of the program is part of the form's own work, not another window.
         leftForBox_ = core_.ui().openBox() != nullptr;
     } else if (!std::exchange(leftForBox_, false) && !showing_) {
-        PostMessageA(core_.window(), kActivated, 0, 0);
+        core_.activated();
     }
 }
 

@@ -30,7 +30,7 @@ public:
 
     void show() override;
     void showModal(Form* owner) override;
-    bool isOpen() const override { return core_.window() != nullptr; }
+    bool isOpen() const override { return shown_ && core_.window() != nullptr; }
     void close() override;
     void popUpMenu(std::string_view menuName) override { menus_->popUp(menuName); }
     void refresh() override;
@@ -51,6 +51,8 @@ private:
     void createControls(const FormDescription& description);
     void command(WPARAM first, LPARAM second);
     void activation(bool active);
+    void limitSize(MINMAXINFO& limits) const;
+    void activateNext();
     bool isBackground(POINT place) const;
     std::optional<LRESULT> pointerShape(HWND over) const;
     void dpiChanged(WPARAM dpi, const RECT& suggested);
@@ -62,7 +64,10 @@ private:
     std::vector<Control*> ports_;
     std::string caption_;
     std::vector<HWND> heldByModal_; ///< windows that wait for this modal form to close
+    SIZE smallest_{};               ///< pixels at the DPI that the form was made for
+    int smallestDpi_ = designDpi;
     bool loaded_ = false;
+    bool shown_ = false;
     bool showing_ = false;
     bool closing_ = false;
     bool leftForBox_ = false;

@@ -45,10 +45,7 @@ private:
 /// Makes the box known to the forms for as long as it is open.
 class OpenBox {
 public:
-    OpenBox(Ui& ui, const Message& box) : ui_(ui), before_(ui.openBox()) {
-        ui_.countModal();
-        ui_.setOpenBox(&box);
-    }
+    OpenBox(Ui& ui, const Message& box) : ui_(ui), before_(ui.setOpenBox(&box)) {}
     OpenBox(const OpenBox&) = delete;
     OpenBox& operator=(const OpenBox&) = delete;
     ~OpenBox() { ui_.setOpenBox(before_); }
