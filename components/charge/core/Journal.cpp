@@ -16,7 +16,7 @@ constexpr const char* closedMark = "closed";
 constexpr std::size_t openFields = 10;
 constexpr std::size_t answeredFields = 8;
 constexpr std::size_t closedFields = 2;
-constexpr std::uint64_t longJournal = 65'536;
+constexpr std::uint64_t longJournal = 16'384;
 
 [[noreturn]] void notUnderstood() {
     throw failure(failurenumber::damagedFile, "Journal",

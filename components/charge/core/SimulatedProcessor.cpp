@@ -93,7 +93,7 @@ ProcessorAnswer SimulatedProcessor::submit(const ProcessorRequest& request) {
         throw ProcessorUnreachable("The line to the processor is down.");
     const ProcessorAnswer answer =
         record(ledger, request, decide(request, trigger, ledger), trigger.settledAtOnce);
-    if (trigger.trouble == LineTrouble::None)
+    if (trigger.trouble == LineTrouble::None || !answer.approved())
         return answer;
     lineDead_ = trigger.trouble == LineTrouble::AnswerLostLineDead;
     throw ProcessorUnreachable("The processor's answer was lost.");

@@ -8,7 +8,7 @@
 
 namespace tollvane::charge {
 
-// The power went off: no code of the component runs after this.
+// The power went off: nothing changes any more until heal().
 struct PowerCut {};
 
 class MemoryFiles final : public FileStore {
@@ -61,7 +61,10 @@ public:
         repeated_ = repeated;
         file_ = file;
     }
-    void heal() { failAt(0, Fault::None); }
+    void heal() {
+        failAt(0, Fault::None);
+        dark_ = false;
+    }
     void makeUnreadable(const std::filesystem::path& file) { unreadable_ = file; }
 
     bool anyContains(const std::string& text) const {
@@ -79,6 +82,8 @@ public:
 private:
     template <class Change>
     void change(const std::filesystem::path& file, Change apply) {
+        if (dark_)
+            throw PowerCut();
         std::string& content = contents[file.string()];
         if (file_.empty() || file_ == file)
             ++changes;
@@ -94,9 +99,11 @@ private:
             apply(content, 2);
         if (fault_ == Fault::Refuse || fault_ == Fault::Short)
             throw FileFailure("There is not enough space on the disk.");
+        dark_ = true;
         throw PowerCut();
     }
 
+    bool dark_ = false;
     int failing_ = 0;
     Fault fault_ = Fault::None;
     bool repeated_ = false;

@@ -91,13 +91,14 @@ struct Shop {
         charge(amount, number);
         return service->answer().transactionId;
     }
-    bool refund(const std::string& id, const std::string& amount, const char* digits = "1111") {
+    // The ids come by value: they may be those of the answer that the operation replaces.
+    bool refund(std::string id, const std::string& amount, const char* digits = "1111") {
         service->clearFields();
         service->fields().set(Field::CardNumber, digits);
         service->fields().set(Field::Amount, amount);
         return service->run(Operation::Refund, id);
     }
-    bool voidIt(const std::string& id, const std::string& amount = "1.00") {
+    bool voidIt(std::string id, const std::string& amount = "1.00") {
         service->clearFields();
         service->fields().set(Field::Amount, amount);
         return service->run(Operation::Void, id);
