@@ -1,0 +1,464 @@
+#include "tests/win32/WindowRobot.h"
+
+#include "platform/win32/MessagePump.h"
+#include "tests/desktop/FakeClock.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace tollvane::test {
+
+using win32::Win32Form;
+using win32::Win32MenuItem;
+
+namespace {
+
+constexpr UINT kWatchInterval = 10;       // milliseconds
+constexpr std::uint64_t kPatience = 5000; // milliseconds until a state must have come
+constexpr BYTE kKeyIsDown = 0x80;
+
+Win32Form* formOf(HWND window) {
+    return reinterpret_cast<Win32Form*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+}
+
+win32::NativeControl& nativeOf(Control& control) {
+    return dynamic_cast<win32::NativeControl&>(control);
+}
+
+LPARAM at(POINT place) {
+    return MAKELPARAM(place.x, place.y);
+}
+
+/// The state of the keyboard while some keys of `shift` are held.
+class HeldKeys {
+public:
+    explicit HeldKeys(int shift) {
+        GetKeyboardState(before_.data());
+        auto state = before_;
+        hold(state, (shift & shiftmask::shift) != 0, VK_SHIFT, VK_LSHIFT);
+        hold(state, (shift & shiftmask::control) != 0, VK_CONTROL, VK_LCONTROL);
+        hold(state, (shift & shiftmask::alt) != 0, VK_MENU, VK_LMENU);
+        SetKeyboardState(state.data());
+    }
+    HeldKeys(const HeldKeys&) = delete;
+    HeldKeys& operator=(const HeldKeys&) = delete;
+    ~HeldKeys() { SetKeyboardState(before_.data()); }
+
+private:
+    using State = std::array<BYTE, 256>;
+    static void hold(State& state, bool down, int key, int leftKey) {
+        const BYTE value = down ? kKeyIsDown : 0;
+        state[static_cast<std::size_t>(key)] = value;
+        state[static_cast<std::size_t>(leftKey)] = value;
+    }
+    State before_{};
+};
+
+Win32MenuItem* menuItem(const Win32Form& form, std::string_view name) {
+    const auto& items = form.menus().items();
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [name](const auto& item) { return item->name() == name; });
+    return found == items.end() ? nullptr : found->get();
+}
+
+/// The item that opens the menu in which `item` stands, or null.
+Win32MenuItem* parentOf(const Win32Form& form, const Win32MenuItem& item) {
+    for (const auto& candidate : form.menus().items()) {
+        const auto& children = candidate->children;
+        if (std::find(children.begin(), children.end(), &item) != children.end()) {
+            return candidate.get();
+        }
+    }
+    return nullptr;
+}
+
+/// What the system's own menu says of an entry; nothing when it is not in the menu.
+std::optional<UINT> shownState(HMENU menu, UINT id) {
+    MENUITEMINFOA info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_STATE | MIIM_ID;
+    for (int place = 0; place < GetMenuItemCount(menu); ++place) {
+        if (GetMenuItemInfoA(menu, static_cast<UINT>(place), TRUE, &info) && info.wID == id) {
+            return info.fState;
+        }
+    }
+    return std::nullopt;
+}
+
+bool canBeChosen(HMENU menu, UINT id) {
+    const auto state = shownState(menu, id);
+    return state && !(*state & MFS_DISABLED);
+}
+
+/// How often the down key is pressed in the open menu until the entry is reached.
+int stepsTo(HMENU menu, UINT id) {
+    int steps = 0;
+    MENUITEMINFOA info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_FTYPE | MIIM_ID;
+    for (int place = 0; place < GetMenuItemCount(menu); ++place) {
+        GetMenuItemInfoA(menu, static_cast<UINT>(place), TRUE, &info);
+        steps += info.fType & MFT_SEPARATOR ? 0 : 1;
+        if (info.wID == id) {
+            break;
+        }
+    }
+    return steps;
+}
+
+std::optional<POINT> backgroundOf(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    for (POINT place{1, client.bottom - 1}; place.y > 0; --place.y) {
+        if (ChildWindowFromPointEx(window, place, CWP_SKIPINVISIBLE) == window) {
+            return place;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+WindowRobot::WindowRobot(WindowForms& forms, FakeClock& clock)
+    : forms_(forms), clock_(clock),
+      watch_(CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                             nullptr)) {
+    SetWindowLongPtrA(watch_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetTimer(watch_.get(), 1, kWatchInterval, &rang);
+}
+
+WindowRobot::~WindowRobot() = default;
+
+void CALLBACK WindowRobot::rang(HWND window, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+    reinterpret_cast<WindowRobot*>(GetWindowLongPtrA(window, GWLP_USERDATA))->lookAround();
+}
+
+void WindowRobot::lookAround() {
+    const auto& modals = forms_.ui().modalForms();
+    if (modals.size() > modalsFollowed_) {
+        Win32Form* const form = formOf(modals.back()->window());
+        if (form->isOpen()) {
+            followModalPlan(*form);
+        }
+    }
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    GetGUIThreadInfo(GetCurrentThreadId(), &thread);
+    const bool inMenu = (thread.flags & GUI_INMENUMODE) != 0;
+    if (inMenu && !std::exchange(inPopUp_, true)) {
+        actInPopUp(thread.hwndMenuOwner);
+    }
+    inPopUp_ = inMenu;
+}
+
+void WindowRobot::followModalPlan(Form& form) {
+    ++modalsFollowed_;
+    if (modalPlans_.empty()) {
+        ADD_FAILURE() << "nobody planned what happens while a modal form is open";
+    } else {
+        const auto plan = modalPlans_.front();
+        modalPlans_.pop_front();
+        plan(form);
+        settle();
+        if (form.isOpen()) {
+            ADD_FAILURE() << "the plan left a modal form open: " << form.caption();
+        }
+    }
+    form.close();
+    --modalsFollowed_;
+}
+
+void WindowRobot::actInPopUp(HWND owner) {
+    const Win32Form& form = *formOf(owner);
+    const std::string planned = std::exchange(popUpPlan_, {});
+    Win32MenuItem* const item = planned.empty() ? nullptr : menuItem(form, planned);
+    const Win32MenuItem* const parent = item ? parentOf(form, *item) : nullptr;
+    if (!parent || !canBeChosen(parent->opens(), item->id())) {
+        PostMessageA(owner, WM_KEYDOWN, VK_ESCAPE, 0);
+        return;
+    }
+    for (int step = stepsTo(parent->opens(), item->id()); step > 0; --step) {
+        PostMessageA(owner, WM_KEYDOWN, VK_DOWN, 0);
+    }
+    PostMessageA(owner, WM_KEYDOWN, VK_RETURN, 0);
+}
+
+void WindowRobot::settle() {
+    while (win32::pumpWaiting(forms_.ui())) {
+    }
+}
+
+bool WindowRobot::waitUntil(const std::function<bool()>& condition) {
+    const std::uint64_t end = GetTickCount64() + kPatience;
+    settle();
+    while (!condition()) {
+        if (GetTickCount64() > end) {
+            return false;
+        }
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kWatchInterval, QS_ALLINPUT);
+        settle();
+    }
+    return true;
+}
+
+Win32Form* WindowRobot::reach(Form& form) {
+    auto& window = dynamic_cast<Win32Form&>(form);
+    if (!window.isOpen() || !IsWindowEnabled(window.window())) {
+        return nullptr;
+    }
+    if (GetActiveWindow() != window.window()) {
+        comeBackTo(form);
+    }
+    return &window;
+}
+
+void WindowRobot::stroke(int keyCode, int shift) {
+    const HeldKeys held(shift);
+    const bool alt = (shift & shiftmask::alt) != 0;
+    const bool system = alt && !(shift & shiftmask::control);
+    const auto key = static_cast<WPARAM>(keyCode);
+    const UINT scan = MapVirtualKeyA(static_cast<UINT>(keyCode), MAPVK_VK_TO_VSC);
+    const auto info = static_cast<LPARAM>(1U | scan << 16 | (alt ? 1U << 29 : 0U));
+    const HWND target = GetFocus() ? GetFocus() : GetActiveWindow();
+    if (!target) {
+        ADD_FAILURE() << "no window takes keys";
+        return;
+    }
+    PostMessageA(target, system ? WM_SYSKEYDOWN : WM_KEYDOWN, key, info);
+    settle();
+    if (const HWND now = GetFocus()) {
+        PostMessageA(now, system ? WM_SYSKEYUP : WM_KEYUP, key, info | 0xC0000000);
+        settle();
+    }
+}
+
+void WindowRobot::inputMethod(char character) {
+    const HWND target = GetFocus();
+    PostMessageA(target, WM_KEYDOWN, VK_PACKET, 1);
+    PostMessageA(target, WM_CHAR, static_cast<unsigned char>(character), 1);
+    settle();
+}
+
+void WindowRobot::typeText(std::string_view text) {
+    for (const char character : text) {
+        switch (character) {
+        case '\b': stroke(VK_BACK, 0); continue;
+        case '\r': stroke(VK_RETURN, 0); continue;
+        case '\x1b': stroke(VK_ESCAPE, 0); continue;
+        default: break;
+        }
+        const SHORT key = VkKeyScanA(character);
+        if (key == -1 || static_cast<unsigned char>(character) >= 0x80) {
+            inputMethod(character);
+        } else {
+            stroke(LOBYTE(key), HIBYTE(key) & shiftmask::shift);
+        }
+    }
+}
+
+void WindowRobot::key(int keyCode, int shift) {
+    stroke(keyCode, shift);
+}
+
+void WindowRobot::tab() {
+    stroke(VK_TAB, 0);
+}
+
+void WindowRobot::shiftTab() {
+    stroke(VK_TAB, shiftmask::shift);
+}
+
+void WindowRobot::accessKey(char letter) {
+    stroke(LOBYTE(VkKeyScanA(letter)), shiftmask::alt);
+}
+
+void WindowRobot::mouseClick(HWND window, POINT place) {
+    PostMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, at(place));
+    settle();
+    if (IsWindowEnabled(window)) {
+        PostMessageA(window, WM_LBUTTONUP, 0, at(place));
+        settle();
+    }
+}
+
+void WindowRobot::click(Form& form, std::string_view control, int index) {
+    Win32Form* const reached = reach(form);
+    if (!reached) {
+        return;
+    }
+    const win32::NativeControl& native = nativeOf(form.find(control, index));
+    RECT area{};
+    GetClientRect(native.window(), &area);
+    // The right end of a text box lies behind its text.
+    const bool text = native.kind() == ControlKind::textBox;
+    POINT place{text ? area.right - 3 : area.right / 2, area.bottom / 2};
+    HWND target = native.window();
+    // Labels, frames and disabled controls leave the mouse to the form.
+    if (!native.takesFocus() || !native.isShownAndEnabled()) {
+        MapWindowPoints(target, reached->window(), &place, 1);
+        target = reached->window();
+    }
+    mouseClick(target, place);
+}
+
+void WindowRobot::doubleClickBackground(Form& form) {
+    Win32Form* const reached = reach(form);
+    const auto place = reached ? backgroundOf(reached->window()) : std::nullopt;
+    if (place) {
+        mouseClick(reached->window(), *place);
+        PostMessageA(reached->window(), WM_LBUTTONDBLCLK, MK_LBUTTON, at(*place));
+        PostMessageA(reached->window(), WM_LBUTTONUP, 0, at(*place));
+        settle();
+    }
+}
+
+void WindowRobot::chooseItem(Form& form, std::string_view comboBox, int entry) {
+    if (!reach(form)) {
+        return;
+    }
+    click(form, comboBox, -1);
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    const HWND combo = nativeOf(form.find(comboBox, -1)).window();
+    if (!GetComboBoxInfo(combo, &info) || !SendMessageA(combo, CB_GETDROPPEDSTATE, 0, 0)) {
+        return;
+    }
+    SendMessageA(info.hwndList, LB_SETTOPINDEX, static_cast<WPARAM>(entry), 0);
+    RECT item{};
+    SendMessageA(info.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(entry),
+                 reinterpret_cast<LPARAM>(&item));
+    const POINT place{(item.left + item.right) / 2, (item.top + item.bottom) / 2};
+    PostMessageA(info.hwndList, WM_MOUSEMOVE, 0, at(place));
+    mouseClick(info.hwndList, place);
+}
+
+void WindowRobot::fillClipboard(std::string_view text) {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    auto* const bytes = static_cast<char*>(GlobalLock(memory));
+    std::memcpy(bytes, text.data(), text.size());
+    bytes[text.size()] = '\0';
+    GlobalUnlock(memory);
+    OpenClipboard(watch_.get());
+    EmptyClipboard();
+    SetClipboardData(CF_TEXT, memory);
+    CloseClipboard();
+}
+
+void WindowRobot::paste(std::string_view text) {
+    fillClipboard(text);
+    PostMessageA(GetFocus(), WM_PASTE, 0, 0);
+    settle();
+}
+
+void WindowRobot::pasteWithKeys(std::string_view text) {
+    fillClipboard(text);
+    stroke('V', shiftmask::control);
+}
+
+bool WindowRobot::openMenusAbove(const Win32Form& form, const Win32MenuItem& item) {
+    Win32MenuItem* const parent = parentOf(form, item);
+    if (!parent) {
+        return true;
+    }
+    const Win32MenuItem* const above = parentOf(form, *parent);
+    if (!openMenusAbove(form, *parent) || !parent->enabled() ||
+        (above && !canBeChosen(above->opens(), parent->id()))) {
+        return false;
+    }
+    SendMessageA(form.window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(parent->opens()), 0);
+    settle();
+    return form.isOpen();
+}
+
+void WindowRobot::chooseMenu(Form& form, std::string_view item) {
+    const Win32Form* const reached = reach(form);
+    const Win32MenuItem* const wanted = reached ? menuItem(*reached, item) : nullptr;
+    if (!wanted || !openMenusAbove(*reached, *wanted)) {
+        return;
+    }
+    const Win32MenuItem* const parent = parentOf(*reached, *wanted);
+    const HMENU menu = parent ? parent->opens() : GetMenu(reached->window());
+    if (!wanted->opens() && canBeChosen(menu, wanted->id())) {
+        PostMessageA(reached->window(), WM_COMMAND, wanted->id(), 0);
+        settle();
+    }
+}
+
+void WindowRobot::openMenu(Form& form, std::string_view menu) {
+    const Win32Form* const reached = reach(form);
+    const Win32MenuItem* const wanted = reached ? menuItem(*reached, menu) : nullptr;
+    if (wanted && openMenusAbove(*reached, *wanted) && wanted->enabled() && wanted->visible() &&
+        wanted->opens()) {
+        SendMessageA(reached->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(wanted->opens()),
+                     0);
+        settle();
+    }
+}
+
+void WindowRobot::planModal(std::function<void(Form& form)> plan) {
+    modalPlans_.push_back(std::move(plan));
+}
+
+void WindowRobot::closeBox(Form& form) {
+    if (const Win32Form* const reached = reach(form)) {
+        PostMessageA(reached->window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+        settle();
+    }
+}
+
+void WindowRobot::setWindowState(Form& form, WindowState state) {
+    if (const Win32Form* const reached = reach(form)) {
+        const WPARAM command = state == WindowState::minimised   ? SC_MINIMIZE
+                               : state == WindowState::maximised ? SC_MAXIMIZE
+                                                                 : SC_RESTORE;
+        PostMessageA(reached->window(), WM_SYSCOMMAND, command, 0);
+        settle();
+    }
+}
+
+void WindowRobot::dragCorner(Form& form, int right, int down) {
+    const Win32Form* const reached = reach(form);
+    if (!reached || !(GetWindowLongA(reached->window(), GWL_STYLE) & WS_THICKFRAME)) {
+        return;
+    }
+    const int dpi = win32::windowDpi(reached->window());
+    RECT frame{};
+    GetWindowRect(reached->window(), &frame);
+    SetWindowPos(reached->window(), nullptr, 0, 0,
+                 frame.right - frame.left + win32::scaled(right, dpi),
+                 frame.bottom - frame.top + win32::scaled(down, dpi),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    settle();
+}
+
+void WindowRobot::leaveForAnotherProgram() {
+    if (!other_) {
+        other_.emplace();
+    }
+    settle();
+    SetForegroundWindow(other_->window());
+    EXPECT_TRUE(waitUntil([] { return GetActiveWindow() == nullptr; }))
+        << "the other program's window did not become the active one";
+}
+
+void WindowRobot::comeBackTo(Form& form) {
+    const HWND window = dynamic_cast<Win32Form&>(form).window();
+    SetForegroundWindow(window);
+    EXPECT_TRUE(waitUntil([window] { return GetActiveWindow() == window; }))
+        << "the form did not become the active window";
+}
+
+void WindowRobot::letTimePass(int milliseconds) {
+    const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(milliseconds);
+    clock_.advance(static_cast<std::uint64_t>(milliseconds));
+    settle();
+    for (std::uint64_t now = GetTickCount64(); now < end; now = GetTickCount64()) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+        settle();
+    }
+}
+
+} // namespace tollvane::test
