@@ -14,9 +14,17 @@ void Application::Main() {
         start();
     } catch (...) {
         form_.reset();
+        reportFailure(currentError());
+    }
+}
+
+void Application::reportFailure(const Error& error) noexcept {
+    try {
         desktop_.messageBoxes.show(
-            {.text = failureText("There was an error loading the application.", currentError()),
+            {.text = failureText("There was an error loading the application.", error),
              .title = {}});
+    } catch (...) {
+        // Nothing is left that could be told to anybody.
     }
 }
 

@@ -26,6 +26,7 @@ public:
 
 private:
     void start();
+    void reportFailure(const Error& error) noexcept;
     void offerCompanyInformation();
 
     Desktop desktop_;

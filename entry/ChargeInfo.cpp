@@ -6,6 +6,7 @@
 #include "entry/ColourCommands.h"
 #include "entry/FieldStates.h"
 #include "entry/NewEntry.h"
+#include "entry/Raised.h"
 #include "entry/Validation.h"
 #include "output/CompanyTexts.h"
 #include "output/PaymentRecord.h"
@@ -27,7 +28,15 @@ void ChargeInfo::guard(std::string_view sentence, const std::function<void()>& b
     try {
         body();
     } catch (...) {
-        DisplayError(sentence, currentError());
+        reportError(sentence, currentError());
+    }
+}
+
+void ChargeInfo::reportError(std::string_view sentence, const Error& error) noexcept {
+    try {
+        DisplayError(sentence, error);
+    } catch (...) {
+        // A box that cannot be shown leaves the operator with the form as it is.
     }
 }
 
@@ -84,6 +93,7 @@ void ChargeInfo::EnableForm(bool enable) noexcept {
         controls_.cmdModify.setEnabled(enable);
         controls_.cmdCancel.setEnabled(enable);
         if (enable && transType_ >= 0 && transType_ < transtype::count) {
+            const Raised restoring(restoringType_);
             controls_.optTransType[static_cast<std::size_t>(transType_)]->select();
             LayoutForType();
         }
@@ -113,6 +123,9 @@ std::string ChargeInfo::DefaultInvoiceNumber() {
 }
 
 void ChargeInfo::optTransType_Click(int index) {
+    if (restoringType_) {
+        return;
+    }
     SetTransType(index);
     if (transactionApproved_) {
         ClearText();

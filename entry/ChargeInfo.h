@@ -94,6 +94,7 @@ private:
     /// Wraps a handler: an error that leaves it is shown with the handler's sentence.
     std::function<void()> guarded(std::string_view sentence, void (ChargeInfo::*handler)());
     void guard(std::string_view sentence, const std::function<void()>& body) noexcept;
+    void reportError(std::string_view sentence, const Error& error) noexcept;
 
     Desktop desktop_;
     Components& components_;
@@ -105,6 +106,7 @@ private:
     int transType_ = 0;
     bool transactionApproved_ = false;
     bool submitting_ = false;
+    bool restoringType_ = false; ///< the form itself selects the type's button again
 };
 
 } // namespace tollvane

@@ -7,7 +7,9 @@
 #include "settings/AppProperties.h"
 #include "settings/StateList.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <utility>
 
 namespace tollvane {
@@ -22,10 +24,15 @@ constexpr std::string_view kTestModeMark = "   ** TEST MODE **";
 
 constexpr const char* kLogViewer = "LogLens.exe";
 
-/// One coordinate of the window: the INI file's where it has one, else the stored one.
+/// One coordinate of the window: the INI file's where it has one, else the stored one. A file can
+/// hold any number; one that no coordinate reaches becomes the farthest.
 int coordinate(const Desktop& desktop, const char* key, int stored) {
     const std::string text = ReadIniValue(desktop.files, kPositionSection, key, kPositionFile);
-    return text == kIniValueNotFound ? stored : static_cast<int>(numberFromText(text));
+    if (text == kIniValueNotFound) {
+        return stored;
+    }
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<double>(numberFromText(text), Limits::min(), Limits::max()));
 }
 
 } // namespace

@@ -32,7 +32,8 @@ bool Environment::HasSecurity(std::int32_t privilege) {
 
 std::string Environment::currentUserName() const {
     const ObjectRef item = asObject(asObject(component_->get("CurrentUser"))->get("Item"));
-    return trimmed(asText(item->get("First"))) + " " + asText(item->get("Last"));
+    const std::string first = trimmed(asText(item->get("First")));
+    return first + " " + asText(item->get("Last"));
 }
 
 std::string Environment::Data_Path() const {
