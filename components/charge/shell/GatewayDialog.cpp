@@ -12,23 +12,23 @@ enum ControlId { idTestMode = 101, idMerchant, idDuplicates };
 using com::DialogItem;
 
 constexpr com::DialogControl controls[] = {
-    {DialogItem::Group, -1, L"fraMode", L"Mode", 7, 7, 256, 48},
-    {DialogItem::CheckBox, idTestMode, L"chkTestMode", L"&Test mode", 16, 19, 238, 11},
+    {DialogItem::Group, -1, L"fraMode", L"Mode", 7, 7, 272, 43},
+    {DialogItem::CheckBox, idTestMode, L"chkTestMode", L"&Test mode", 16, 19, 254, 11},
     {DialogItem::Note, -1, L"lblTestMode",
-     L"In test mode no card is charged and no payment is posted.", 28, 34, 226, 16},
-    {DialogItem::Group, -1, L"fraProcessor", L"Processor", 7, 61, 256, 64},
-    {DialogItem::Label, -1, L"lblMerchantId", L"&Merchant account:", 16, 76, 104, 9},
-    {DialogItem::TextBox, idMerchant, L"txtMerchantId", L"", 124, 73, 130, 14, 40},
-    {DialogItem::Label, -1, L"lblDuplicateWindow", L"&Refuse repetitions for (seconds):", 16, 95,
-     104, 9},
-    {DialogItem::NumberBox, idDuplicates, L"txtDuplicateWindow", L"", 124, 92, 40, 14, 5},
-    {DialogItem::Note, -1, L"lblDuplicateNote", L"0 accepts every repetition of a charge.", 124,
-     109, 130, 9},
-    {DialogItem::DefaultButton, IDOK, L"cmdOK", L"OK", 154, 132, 52, 15},
-    {DialogItem::CancelButton, IDCANCEL, L"cmdCancel", L"Cancel", 211, 132, 52, 15},
+     L"In test mode no card is charged and no payment is posted.", 28, 33, 242, 9},
+    {DialogItem::Group, -1, L"fraProcessor", L"Processor", 7, 56, 272, 64},
+    {DialogItem::Label, -1, L"lblMerchantId", L"&Merchant account:", 16, 71, 120, 9},
+    {DialogItem::TextBox, idMerchant, L"txtMerchantId", L"", 140, 68, 130, 14, 40},
+    {DialogItem::Label, -1, L"lblDuplicateWindow", L"&Refuse repetitions for (seconds):", 16, 90,
+     120, 9},
+    {DialogItem::NumberBox, idDuplicates, L"txtDuplicateWindow", L"", 140, 87, 40, 14, 5},
+    {DialogItem::Note, -1, L"lblDuplicateNote", L"0 accepts every repetition of a charge.", 140,
+     104, 130, 9},
+    {DialogItem::DefaultButton, IDOK, L"cmdOK", L"OK", 170, 127, 52, 15},
+    {DialogItem::CancelButton, IDCANCEL, L"cmdCancel", L"Cancel", 227, 127, 52, 15},
 };
 
-constexpr com::DialogLayout layout{L"frmGateway", L"Gateway Setup", 270, 154, controls};
+constexpr com::DialogLayout layout{L"frmGateway", L"Gateway Setup", 286, 149, controls};
 
 } // namespace
 
