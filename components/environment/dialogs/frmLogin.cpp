@@ -96,7 +96,8 @@ void frmLogin::onTimer() {
     const ULONGLONG now = GetTickCount64();
     if (waitUntil_ > now) {
         const auto seconds = (waitUntil_ - now + 999) / 1000;
-        const std::string text = std::string(kWrong) + " Please wait " + std::to_string(seconds) +
+        const std::string text = std::string(kWrong) + "\r\nPlease wait " +
+                                 std::to_string(seconds) +
                                  (seconds == 1 ? " second." : " seconds.");
         if (com::narrow(std::wstring_view(boxText(lblMessage))) != text)
             setText(lblMessage, text);
@@ -104,7 +105,7 @@ void frmLogin::onTimer() {
     }
     KillTimer(window(), kTimer);
     waitUntil_ = 0;
-    setText(lblMessage, std::string(kWrong) + " Try again.");
+    setText(lblMessage, std::string(kWrong) + "\r\nTry again.");
     setButtonsEnabled(true);
 }
 

@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tollvane::hostdata {
 
@@ -18,11 +17,10 @@ inline void wipe(std::string& text) noexcept {
 // Holds a password (UTF-8) and overwrites it when done. Has no conversion to a plain string.
 class Secret {
 public:
-    explicit Secret(std::string text) : text_(std::move(text)) {}
+    // Copies rather than moves: a moved-from short text keeps its characters.
+    explicit Secret(std::string text) : text_(text) { wipe(text); }
     Secret(const Secret&) = delete;
     Secret& operator=(const Secret&) = delete;
-    Secret(Secret&& other) noexcept : text_(other.text_) { wipe(other.text_); }
-    Secret& operator=(Secret&&) = delete;
     ~Secret() { wipe(text_); }
 
     [[nodiscard]] std::string_view view() const noexcept { return text_; }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::int64_t kSecond = 1000;
 constexpr std::int64_t kMinute = 60 * kSecond;
-constexpr std::int64_t kNameQuietTime = 12 * 60 * kMinute;
+constexpr std::int64_t kNameQuietTime = 720 * kMinute;
 constexpr std::int64_t kAllQuietTime = 10 * kMinute;
 constexpr std::int64_t kFreeForAll = 5;
 constexpr const char* kAll = "all";

@@ -117,7 +117,7 @@ TEST_F(SignInDelayTest, TheCommonWaitNeverExceedsTenSeconds) {
 TEST_F(SignInDelayTest, TenQuietMinutesForgetTheCommonWait) {
     for (int i = 0; i < 20; ++i)
         server.clock.advance(wrong("name" + std::to_string(i)).waitMilliseconds);
-    server.clock.advance(11 * 60 * 1000);
+    server.clock.advance(11LL * 60 * 1000);
     for (int i = 0; i < 5; ++i)
         EXPECT_TRUE(wrong("other" + std::to_string(i)).examined);
 }

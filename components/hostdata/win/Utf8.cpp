@@ -31,9 +31,12 @@ std::string utf8(BSTR text) {
 }
 
 Secret takeSecret(BSTR password) {
-    Secret secret(utf8(password));
-    com::wipe(password);
-    return secret;
+    struct Wiper {
+        BSTR text;
+        ~Wiper() { com::wipe(text); }
+    };
+    const Wiper wiper{password};
+    return Secret(utf8(password));
 }
 
 void give(BSTR* out, std::string_view text) {
