@@ -15,7 +15,16 @@ namespace tollvane {
 
 ChargeInfo::ChargeInfo(const Desktop& desktop, Components& components)
     : desktop_(desktop), components_(components), form_(desktop.forms.create(chargeInfoLayout())),
-      controls_(*form_), expiry_(desktop_, controls_) {
+      controls_(*form_), expiry_(desktop_, controls_), money_(desktop_, controls_),
+      stateName_(desktop_.program, desktop_.messageBoxes, controls_.cboBillToState,
+                 controls_.lblStateName, controls_.tmrDisplay),
+      swipe_(
+          desktop_, *form_, controls_, expiry_,
+          {.recordStarted =
+               guarded("There was an error starting a new entry.", &ChargeInfo::startSwipe),
+           .recordEnded = guarded("There was an error moving the focus.", &ChargeInfo::endSwipe)}),
+      formats_{AutoFormatTextbox(desktop_.locale), AutoFormatTextbox(desktop_.locale),
+               AutoFormatTextbox(desktop_.locale), AutoFormatTextbox(desktop_.locale)} {
     bindEvents();
     Form_Initialize();
 }
@@ -56,6 +65,7 @@ void ChargeInfo::SetTransType(int type) {
 
 void ChargeInfo::LayoutForType() {
     layOutForType(controls_, transType_);
+    applySwipeHold();
 }
 
 void ChargeInfo::SetTransactionApproved(bool approved) {
@@ -66,11 +76,14 @@ void ChargeInfo::SetTransactionApproved(bool approved) {
 
 void ChargeInfo::ClearText() {
     clearEntry(desktop_, controls_);
+    money_.recolour();
+    swipeRecord_.fill(' ');
     SetTransactionApproved(false);
 }
 
 void ChargeInfo::ResetFields() {
     resetFields(desktop_, controls_);
+    expiry_.selectFirst();
 }
 
 void ChargeInfo::ShowExtendedData(bool vblnPresent) {
@@ -156,12 +169,8 @@ void ChargeInfo::txtCardNumber_Validate(bool& cancel) {
     }
 }
 
-void ChargeInfo::tmrDisplay_Timer() {
-    controls_.lblStateName.setVisible(false);
-    controls_.tmrDisplay.setEnabled(false);
-}
-
 void ChargeInfo::Form_KeyDown(int keyCode, int shift) {
+    settleBeforeKey(keyCode);
     if (isColourCommand(keyCode, shift)) {
         paintRandomColours(*form_, desktop_.random);
     }

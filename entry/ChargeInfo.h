@@ -1,11 +1,16 @@
 #pragma once
 
 #include "app/Components.h"
+#include "controls/AutoFormatTextbox.h"
+#include "controls/StateNameDisplay.h"
 #include "entry/ChargeInfoControls.h"
 #include "entry/ExpiryBoxes.h"
+#include "entry/MoneyBoxes.h"
+#include "entry/SwipeCapture.h"
 #include "platform/Desktop.h"
 #include "platform/Error.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -47,6 +52,8 @@ public:
     /// Disables or enables every control; enabling restores the states of the type. Never raises.
     void EnableForm(bool enable) noexcept;
     void ShowStatus(const std::string& text);
+    /// Gives the free-text boxes the format type of the settings.
+    void ApplyAutoFormat();
 
     /// True when the entry may be submitted; the charge component then holds its values.
     bool ValidateTransaction();
@@ -59,6 +66,12 @@ private:
     void bindEvents();
     void bindFormEvents();
     void bindEntryEvents();
+    void bindFieldEvents();
+    void bindCardEvents();
+    void bindMoneyEvents();
+    void bindAddressEvents();
+    void bindSwipeEvents();
+    void attachFormats();
     void bindButtonEvents();
 
     void Form_Initialize();
@@ -74,9 +87,28 @@ private:
     void optTransType_Click(int index);
     void chkTaxExempt_Click();
     void chkVoiceAuth_Click();
+
+    /// The first key after a finished transaction starts a new one.
+    void startAfterFinished(int keyCode);
+    void txtAmount_GotFocus();
+    void txtAmount_LostFocus();
+    void txtTaxAmount_GotFocus();
+    void txtTaxAmount_LostFocus();
+    void txtBillToZip_LostFocus();
+    void txtMagStripe_Change();
+    void tmrSwipe_Timer();
+    /// Keys that move the caret find what was held back in its place.
+    void settleBeforeKey(int keyCode);
+    void startSwipe();
+    void endSwipe();
+    void editMoneyBoxInFocus();
+    void showAmountTip();
+    int longestTax();
+    /// While a swipe is held, the card code has no use.
+    void applySwipeHold();
+
     void txtCardNumber_Change();
     void txtCardNumber_Validate(bool& cancel);
-    void tmrDisplay_Timer();
     void cmdSubmit_Click();
     void cmdCancel_Click();
     void cmdModify_Click();
@@ -89,7 +121,8 @@ private:
     void reportFailure(std::string_view operationName);
     void completeApproval(std::string_view operationName);
     void finishSubmission() noexcept;
-    void returnFocusFrom(Control& button);
+    /// Sends the focus back to the control that it just left for one that must not keep it.
+    void returnFocusFrom(Control& left);
 
     /// Wraps a handler: an error that leaves it is shown with the handler's sentence.
     std::function<void()> guarded(std::string_view sentence, void (ChargeInfo::*handler)());
@@ -101,12 +134,20 @@ private:
     std::unique_ptr<Form> form_;
     ChargeInfoControls controls_;
     ExpiryBoxes expiry_;
+    MoneyBoxes money_;
+    StateNameDisplay stateName_;
+    SwipeCapture swipe_;
+    /// Street, city, description, card code.
+    std::array<AutoFormatTextbox, 4> formats_;
     /// Borrowed between initialisation and unload.
     ChargeComponent* charge_ = nullptr;
     int transType_ = 0;
     bool transactionApproved_ = false;
     bool submitting_ = false;
-    bool restoringType_ = false; ///< the form itself selects the type's button again
+    /// Blank in every entry: the track of a card stays in `txtMagStripe` alone.
+    std::array<char, 25> swipeRecord_{};
+    bool amountTipIsOwed_ = false; ///< a reader was still sending
+    bool restoringType_ = false;   ///< the form itself selects the type's button again
 };
 
 } // namespace tollvane

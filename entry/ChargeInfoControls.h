@@ -55,6 +55,8 @@ struct ChargeInfoControls {
     Label& lblCompanyInfo;
     Label& lblStateName;
     Timer& tmrDisplay;
+    Timer& tmrSwipe;
+    Timer& tmrKbBuffer;
     StatusBar& sbrStatus;
 
     MenuItem& mnu_Report;

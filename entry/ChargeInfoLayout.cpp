@@ -179,6 +179,8 @@ constexpr std::array kControls{
     hidden(entryBox(textBox, "txtKbBuffer", {0, 0, 10, 10})),
     hidden(captioned(label, "lblStateName", {}, {kRight + 100, row(kBillTop, 2) - 18, 190, 16})),
     ControlDescription{.kind = timer, .name = "tmrDisplay", .interval = 3000},
+    ControlDescription{.kind = timer, .name = "tmrSwipe", .interval = 300},
+    ControlDescription{.kind = timer, .name = "tmrKbBuffer", .interval = 2001},
     ControlDescription{.kind = statusBar, .name = "sbrStatus"},
 };
 

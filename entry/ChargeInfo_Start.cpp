@@ -40,6 +40,7 @@ int coordinate(const Desktop& desktop, const char* key, int stored) {
 void ChargeInfo::bindEvents() {
     bindFormEvents();
     bindEntryEvents();
+    bindFieldEvents();
     bindButtonEvents();
 }
 
@@ -84,8 +85,6 @@ void ChargeInfo::bindEntryEvents() {
         guard("There was an error validating the credit card number.",
               [&] { txtCardNumber_Validate(cancel); });
     };
-    controls_.tmrDisplay.on.timer =
-        guarded("There was an error hiding the state name.", &ChargeInfo::tmrDisplay_Timer);
 }
 
 void ChargeInfo::bindButtonEvents() {
@@ -123,6 +122,7 @@ void ChargeInfo::Form_Initialize() {
     guard("There was an error clearing the form.", [this] { ClearText(); });
     guard("There was an error filling the expiration dates.",
           [this] { expiry_.fill(components_.charge()); });
+    guard("There was an error setting the text formats.", [this] { ApplyAutoFormat(); });
     form_->setKeyPreview(true);
     guard("There was an error showing the data path.", [this] { showDataPath(); });
     guard("There was an error showing the company information.", [this] {
@@ -199,13 +199,6 @@ void ChargeInfo::Form_Unload() {
     components_.ReleaseComponents();
 }
 
-void ChargeInfo::Form_KeyPress(int& keyAscii) {
-    // A reader's Enter, like any other, must not press a button.
-    if (keyAscii == 13) {
-        keyAscii = 0;
-    }
-}
-
 void ChargeInfo::mnu_Report_Click() {
     const ChargeComponent& charge = components_.charge();
     RunProgram(desktop_.files, AppFolder(desktop_.files) + kLogViewer,
@@ -225,10 +218,10 @@ void ChargeInfo::mnu_PSettings_Click() {
     components_.charge().ConfigureSettings();
 }
 
-void ChargeInfo::returnFocusFrom(Control& button) {
+void ChargeInfo::returnFocusFrom(Control& left) {
     const Control* next = form_->activeControl();
     if (next != nullptr && next->tag() == kNoFocus) {
-        button.setFocus();
+        left.setFocus();
     }
 }
 

@@ -14,6 +14,7 @@ namespace {
 constexpr std::array kMonths{"January", "February", "March",     "April",   "May",      "June",
                              "July",    "August",   "September", "October", "November", "December"};
 constexpr int kYearsOffered = 11;
+constexpr int kCentury = 100;
 
 DateTime firstOfMonth(int month, int year) {
     return {.year = year, .month = month, .day = 1};
@@ -51,6 +52,24 @@ void ExpiryBoxes::fillYears(const ChargeComponent& charge) {
             controls_.cboExpYear.setListIndex(i);
         }
     }
+}
+
+void ExpiryBoxes::select(int month, int yearOfCentury) {
+    const Raised guard(settingBoxes_);
+    const bool offered = month >= 1 && month <= controls_.cboExpMonth.count();
+    controls_.cboExpMonth.setListIndex(offered ? month - 1 : -1);
+    ComboBox& years = controls_.cboExpYear;
+    int entry = years.count() - 1;
+    while (entry >= 0 && years.itemData(entry) % kCentury != yearOfCentury) {
+        --entry;
+    }
+    years.setListIndex(entry);
+}
+
+void ExpiryBoxes::selectFirst() {
+    const Raised guard(settingBoxes_);
+    controls_.cboExpMonth.setListIndex(0);
+    controls_.cboExpYear.setListIndex(0);
 }
 
 void ExpiryBoxes::cboExpMonth_Click(ChargeComponent& charge) {

@@ -21,6 +21,12 @@ public:
     void cboExpMonth_Click(ChargeComponent& charge);
     void cboExpYear_Click(ChargeComponent& charge);
 
+    /// Selects an expiry as a card states it: month 1 to 12 and the year inside its century. What
+    /// the lists do not offer clears the selection, so that nothing of an earlier card stays.
+    void select(int month, int yearOfCentury);
+    /// Selects the first month and the first year.
+    void selectFirst();
+
 private:
     void fillMonths();
     void fillYears(const ChargeComponent& charge);

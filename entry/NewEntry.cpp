@@ -61,8 +61,6 @@ void resetFields(const Desktop& desktop, ChargeInfoControls& controls) {
           &controls.txtEMail, &controls.txtDescription}) {
         box->setText("");
     }
-    controls.cboExpMonth.setListIndex(0);
-    controls.cboExpYear.setListIndex(0);
     setMoneyToZero(desktop, controls);
     controls.cboBillToState.setListIndex(-1);
 }

@@ -14,8 +14,8 @@ std::string zeroCurrency(const Desktop& desktop);
 /// settings ask for it. Card data is wiped.
 void clearEntry(const Desktop& desktop, ChargeInfoControls& controls);
 
-/// Empties the fields of the card, the holder and the order and selects the first expiry entries;
-/// invoice and purchase order numbers, check boxes and the type stay.
+/// Empties the fields of the card, the holder and the order; the expiry, invoice and purchase order
+/// numbers, check boxes and the type stay.
 void resetFields(const Desktop& desktop, ChargeInfoControls& controls);
 
 } // namespace tollvane

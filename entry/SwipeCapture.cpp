@@ -1,0 +1,208 @@
+#include "entry/SwipeCapture.h"
+
+#include "entry/Track1.h"
+#include "entry/TypedCharacter.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tollvane {
+
+namespace {
+
+constexpr int kEnter = 13;
+constexpr std::size_t kExpiryLength = 4;
+
+void restart(Timer& timer, int interval) {
+    timer.setEnabled(false);
+    timer.setInterval(interval);
+    timer.setEnabled(true);
+}
+
+/// Value of two digits, 0 when they are none.
+int twoDigits(std::string_view text) {
+    const bool digits = std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+    return digits ? (text[0] - '0') * 10 + (text[1] - '0') : 0;
+}
+
+} // namespace
+
+SwipeCapture::SwipeCapture(const Desktop& desktop, Form& form, ChargeInfoControls& controls,
+                           ExpiryBoxes& expiry, Reactions reactions)
+    : desktop_(desktop), form_(form), controls_(controls), expiry_(expiry),
+      reactions_(std::move(reactions)) {}
+
+void SwipeCapture::keyPressed(int& keyAscii) {
+    const int typed = keyAscii;
+    try {
+        remember(typed);
+        route(keyAscii);
+    } catch (...) {
+        // Whatever went wrong, a character of a card must not land in a field.
+        keyAscii = inBurst() ? 0 : keyAscii;
+        waitForPause();
+        throw;
+    }
+    waitForPause();
+}
+
+bool SwipeCapture::holding() const {
+    return parser_.state() == SwipeParser::State::started || following_.holding();
+}
+
+TextBox* SwipeCapture::activeField() {
+    return dynamic_cast<TextBox*>(form_.activeControl());
+}
+
+void SwipeCapture::route(int& keyAscii) {
+    if (!holding()) {
+        field_ = activeField();
+    } else if (field_ != activeField()) {
+        settle();
+        field_ = activeField();
+    }
+    if (parser_.state() == SwipeParser::State::idle) {
+        const SecretText ordinary = following_.key(keyAscii);
+        enterHeld(ordinary.view());
+        if (keyAscii == 0) {
+            return;
+        }
+    }
+    int givenBack = 0;
+    parser_.key(keyAscii, false, givenBack);
+    if (givenBack != 0) {
+        // In a burst it was the LRC.
+        if (!following_.inBurst()) {
+            const char character = static_cast<char>(givenBack);
+            enterHeld({&character, 1});
+        }
+        if (keyAscii != 0) {
+            enterHeld(following_.key(keyAscii).view());
+        }
+    }
+}
+
+void SwipeCapture::enterHeld(std::string_view characters) {
+    for (const char character : characters) {
+        if (field_ != nullptr) {
+            enterTyped(*field_, character);
+        }
+    }
+}
+
+void SwipeCapture::settle() {
+    if (parser_.state() == SwipeParser::State::started) {
+        parser_.reset();
+        const char character = track::startSentinel;
+        if (!following_.inBurst()) {
+            enterHeld({&character, 1});
+        }
+    } else if (!following_.inBurst()) {
+        enterHeld(following_.pause().view());
+    }
+}
+
+void SwipeCapture::waitForPause() {
+    Timer& timer = controls_.tmrSwipe;
+    if (parser_.reading()) {
+        restart(timer, recordPause);
+    } else if (holding() || following_.inBurst()) {
+        restart(timer, readerPause);
+    } else if (timer.enabled()) {
+        timer.setEnabled(false);
+    }
+}
+
+void SwipeCapture::keysPaused() {
+    controls_.tmrSwipe.setEnabled(false);
+    if (parser_.reading()) {
+        // A swipe that broke off.
+        parser_.reset();
+        controls_.txtKbBuffer.wipeText();
+    }
+    settle();
+    following_.pause();
+}
+
+void SwipeCapture::remember(int keyAscii) {
+    SecretText keys = controls_.txtKbBuffer.secretText();
+    keys.append(static_cast<char>(keyAscii));
+    controls_.txtKbBuffer.setText(keys.view());
+}
+
+void SwipeCapture::bufferChanged() {
+    const SecretText keys = controls_.txtKbBuffer.secretText();
+    Timer& timer = controls_.tmrKbBuffer;
+    if (keys.empty()) {
+        if (timer.enabled()) {
+            timer.setEnabled(false);
+        }
+        buffer_.changed({}, 0);
+        return;
+    }
+    const KeyboardBuffer::Answer answer =
+        buffer_.changed(keys.view(), desktop_.clock.milliseconds());
+    if (!answer.text && !timer.enabled()) {
+        timer.setEnabled(true);
+    }
+    apply(answer);
+}
+
+void SwipeCapture::bufferTimeIsOver() {
+    const SecretText keys = controls_.txtKbBuffer.secretText();
+    if (keys.empty()) {
+        controls_.tmrKbBuffer.setEnabled(false);
+        return;
+    }
+    apply(buffer_.timeIsOver(keys.view(), parser_.reading()));
+}
+
+void SwipeCapture::apply(const KeyboardBuffer::Answer& answer) {
+    if (answer.text) {
+        TextBox& box = controls_.txtKbBuffer;
+        // A single key is no secret; what looked like a track is.
+        if (answer.text->empty() && box.secretText().size() > 1) {
+            box.wipeText();
+        } else {
+            box.setText(answer.text->view());
+        }
+    }
+    if (!answer.track1.empty()) {
+        take(answer.track1);
+    }
+}
+
+void SwipeCapture::take(const SecretText& track1) {
+    const Track1 card = parseTrack1(track1.view());
+    controls_.txtCardName.setText(card.name);
+    controls_.txtCardNumber.setText(trimmedSecret(card.pan).view());
+    if (card.expiry.size() == kExpiryLength) {
+        const std::string_view expiry(card.expiry);
+        expiry_.select(twoDigits(expiry.substr(2)), twoDigits(expiry.substr(0, 2)));
+    }
+    controls_.txtMagStripe.setText(track1.view());
+}
+
+void SwipeCapture::recordStarted() {
+    reactions_.recordStarted();
+}
+
+void SwipeCapture::panRead(const SecretText& pan) {
+    controls_.txtCardNumber.setText(pan.view());
+}
+
+void SwipeCapture::nameRead(const std::string& name) {
+    controls_.txtCardName.setText(name);
+}
+
+void SwipeCapture::recordEnded(const SecretText& record) {
+    following_.track1Taken();
+    if (!record.empty()) {
+        controls_.txtMagStripe.setText(record.view());
+        desktop_.beeper.beep();
+    }
+    reactions_.recordEnded();
+}
+
+} // namespace tollvane
