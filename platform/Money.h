@@ -25,7 +25,8 @@ public:
     Money absolute() const;
     Money negated() const;
 
-    friend constexpr auto operator<=>(Money, Money) = default;
+    // clang-tidy 14 takes the defaulted comparison for a comparison with a null pointer.
+    friend constexpr auto operator<=>(Money, Money) = default; // NOLINT(modernize-use-nullptr)
 
 private:
     explicit constexpr Money(std::int64_t scaled) : scaled_(scaled) {}

@@ -91,7 +91,7 @@ std::string nameOf(const testing::TestParamInfo<Row<Value>>& info) {
 template <class RowType>
 class SettingTest : public testing::TestWithParam<RowType> {
 protected:
-    ~SettingTest() override { host.expectNothingLeftOver(); }
+    void TearDown() override { host.expectNothingLeftOver(); }
 
     const RowType& row() const { return this->GetParam(); }
 
@@ -226,7 +226,7 @@ INSTANTIATE_TEST_SUITE_P(AppProperties, SwitchSettingTest, testing::ValuesIn(kSw
 
 class Settings : public testing::Test {
 protected:
-    ~Settings() override { host.expectNothingLeftOver(); }
+    void TearDown() override { host.expectNothingLeftOver(); }
 
     TestDesktop host;
     AppProperties settings{host.desktop()};

@@ -14,7 +14,7 @@ constexpr auto kRoot = rootkey::localMachine;
 
 class RegistryFailures : public testing::Test {
 protected:
-    ~RegistryFailures() override { EXPECT_EQ(system.openKeys(), 0U) << "a key stayed open"; }
+    void TearDown() override { EXPECT_EQ(system.openKeys(), 0U) << "a key stayed open"; }
 
     static Error errorOf(const std::function<void()>& operation) {
         try {
@@ -103,11 +103,11 @@ TEST_F(RegistryFailures, AValueThatCannotBeWrittenAnswersFalseAndRaisesNothing) 
 }
 
 TEST_F(RegistryFailures, DeletingInAMissingKeyRaisesTheSystemsTextAlone) {
-    system.setSystemText(2, "The System cannot find the file specified.\r\n");
+    system.setSystemText(2, "The System Cannot Find It.\r\n");
     expectError([&] { registry.DeleteRegValue(kRoot, kKey, "Name"); }, 2, "Tollvane:DeleteRegValue",
-                "The System cannot find the file specified.\r\n");
+                "The System Cannot Find It.\r\n");
     expectError([&] { registry.DeleteRegKey(kRoot, kKey, "Child"); }, 2, "Tollvane:DeleteRegKey",
-                "The System cannot find the file specified.\r\n");
+                "The System Cannot Find It.\r\n");
 }
 
 TEST_F(RegistryFailures, AFailedCloseDecidesADeletion) {

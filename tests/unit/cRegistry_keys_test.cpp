@@ -14,7 +14,7 @@ using Texts = std::vector<std::string>;
 
 class RegistryKeys : public testing::Test {
 protected:
-    ~RegistryKeys() override { EXPECT_EQ(system.openKeys(), 0U) << "a key stayed open"; }
+    void TearDown() override { EXPECT_EQ(system.openKeys(), 0U) << "a key stayed open"; }
 
     FaultPlan faults;
     FakeRegistry system{faults};

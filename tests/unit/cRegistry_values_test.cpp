@@ -14,7 +14,7 @@ constexpr std::uint32_t kTextWriteMask = 0x4001F;
 
 class RegistryValues : public testing::Test {
 protected:
-    ~RegistryValues() override { EXPECT_EQ(system.openKeys(), 0U) << "a key stayed open"; }
+    void TearDown() override { EXPECT_EQ(system.openKeys(), 0U) << "a key stayed open"; }
 
     /// The only call of that name; fails the test when there was none or another one.
     RegistryCall theCall(const std::string& name) {

@@ -23,8 +23,8 @@ using Texts = std::vector<std::string>;
 /// A key of this process's own below HKEY_CURRENT_USER, gone afterwards.
 class PrivateKey : public testing::Test {
 protected:
-    PrivateKey() { RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str()); }
-    ~PrivateKey() override {
+    void SetUp() override { RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str()); }
+    void TearDown() override {
         EXPECT_EQ(RegDeleteTreeA(HKEY_CURRENT_USER, path.c_str()), ERROR_SUCCESS);
     }
 
@@ -217,15 +217,18 @@ TEST_F(PrivateKey, AValueIsDeletedAndAMissingOneIsNoError) {
 /// settings of the machine stay as they are.
 class MachineSettings : public PrivateKey {
 protected:
-    MachineSettings() {
+    void SetUp() override {
+        PrivateKey::SetUp();
         host.use(static_cast<Registry&>(system));
-        RegCreateKeyExA(HKEY_CURRENT_USER, (path + "\\Machine").c_str(), 0, nullptr, 0,
-                        KEY_ALL_ACCESS, nullptr, &machine_, nullptr);
-        EXPECT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_), ERROR_SUCCESS);
+        ASSERT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, (path + "\\Machine").c_str(), 0, nullptr, 0,
+                                  KEY_ALL_ACCESS, nullptr, &machine_, nullptr),
+                  ERROR_SUCCESS);
+        ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine_), ERROR_SUCCESS);
     }
-    ~MachineSettings() override {
+    void TearDown() override {
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
         RegCloseKey(machine_);
+        PrivateKey::TearDown();
     }
 
     std::string listing(const std::string& below) const {
