@@ -16,8 +16,11 @@ if(WIN32)
   target_compile_definitions(tollvane_options INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX WINVER=0x0A00 _WIN32_WINNT=0x0A00 STRICT)
   if(NOT MSVC)
-    target_compile_options(tollvane_options INTERFACE -fstack-protector-strong)
-    target_link_options(tollvane_options INTERFACE -fstack-protector-strong)
+    # What nothing calls, and the symbols, stay out of what ships.
+    target_compile_options(tollvane_options INTERFACE
+      -fstack-protector-strong -ffunction-sections -fdata-sections)
+    target_link_options(tollvane_options INTERFACE
+      -fstack-protector-strong -Wl,--gc-sections -s)
   endif()
 else()
   if(TOLLVANE_SANITIZE)

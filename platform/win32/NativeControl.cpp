@@ -150,6 +150,10 @@ void NativeControl::setVisibleState(bool visible) {
     if (!visible) {
         form_.focus.drop(*this);
     }
+    if (visible && kind_ == ControlKind::label) {
+        // A label that appears may float above others.
+        SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
     ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
     form_.toolTips.update(*this);
 }

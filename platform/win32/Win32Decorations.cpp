@@ -25,8 +25,6 @@ Win32Label::Win32Label(FormCore& form, const ControlDescription& description)
 Win32Frame::Win32Frame(FormCore& form, const ControlDescription& description)
     : CaptionedOf(form, description) {
     createWindow("BUTTON", captionText().c_str(), BS_GROUPBOX);
-    // Below its siblings, so that they clip it away where they stand.
-    SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 LRESULT Win32Frame::handle(UINT message, WPARAM first, LPARAM second) {

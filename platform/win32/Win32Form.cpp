@@ -101,8 +101,19 @@ void Win32Form::createControls(const FormDescription& description) {
         core_.add(makeControl(core_, description, row));
         ports_.push_back(&core_.controls().back()->port());
     }
+    putFramesBelow();
     for (const auto& item : menus_->items()) {
         ports_.push_back(item.get());
+    }
+}
+
+void Win32Form::putFramesBelow() {
+    // A new window stands below its siblings, so a frame would cover what is created after it.
+    for (const auto& control : core_.controls()) {
+        if (control->port().kind() == ControlKind::frame) {
+            SetWindowPos(control->window(), HWND_BOTTOM, 0, 0, 0, 0,
+                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
     }
 }
 

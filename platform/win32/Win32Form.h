@@ -49,6 +49,7 @@ private:
 
     void createWindow(const FormDescription& description);
     void createControls(const FormDescription& description);
+    void putFramesBelow();
     void command(WPARAM first, LPARAM second);
     void activation(bool active);
     void limitSize(MINMAXINFO& limits) const;
