@@ -18,6 +18,8 @@ namespace tollvane::com {
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 #endif
 
+// The destructor is private: only the last Release may run it.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class ClassFactory final : public IClassFactory {
 public:
     explicit ClassFactory(const ServerClass& serverClass) noexcept : class_(serverClass) {}

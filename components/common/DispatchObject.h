@@ -23,7 +23,9 @@ namespace tollvane::com {
 
 // Interface: the dual interface to implement; IID comes from __uuidof or from the second argument
 // of the constructor. The object starts with one reference, which makeObject takes over.
+// The destructor is protected: only the last Release may run it.
 template <class Interface>
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class DispatchObject : public Interface, public ISupportErrorInfo {
 public:
     DispatchObject(const DispatchObject&) = delete;
