@@ -25,12 +25,10 @@ std::map<std::uint32_t, std::string> systemTexts() {
     return {{0, "The operation completed successfully.\r\n"},
             {1, "Incorrect function.\r\n"},
             {2, "The system cannot find the file specified.\r\n"},
-            {3, "The system cannot find the path specified.\r\n"},
             {5, "Access is denied.\r\n"},
             {6, "The handle is invalid.\r\n"},
             {8, "Not enough memory resources are available to process this command.\r\n"},
             {87, "The parameter is incorrect.\r\n"},
-            {161, "The specified path is invalid.\r\n"},
             {234, "More data is available.\r\n"},
             {259, "No more data is available.\r\n"},
             {317, "The system cannot find message text for message number 0x%1 in the message "

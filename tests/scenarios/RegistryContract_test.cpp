@@ -27,7 +27,7 @@ protected:
             return;
         }
         for (std::string child = childName(key, 0); !child.empty(); child = childName(key, 0)) {
-            removeTree(path + "\\" + child);
+            removeTree(std::string(path).append("\\").append(child));
         }
         port->closeKey(key);
         port->deleteKey(kCurrentUser, path.c_str());
