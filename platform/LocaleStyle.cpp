@@ -14,6 +14,15 @@ void read(Locale& locale, std::uint32_t item, std::string& text) {
     }
 }
 
+/// Several locales part groups by a narrow blank that 8-bit code pages lack; the system hands out
+/// "?" in its place, which no operator would take for a blank.
+void readGroupSeparator(Locale& locale, std::uint32_t item, std::string& separator) {
+    read(locale, item, separator);
+    if (separator == "?") {
+        separator = " ";
+    }
+}
+
 void read(Locale& locale, std::uint32_t item, int& number) {
     std::string text;
     read(locale, item, text);
@@ -42,9 +51,9 @@ MoneyStyle moneyStyle(Locale& locale) {
     MoneyStyle style;
     read(locale, localeitem::currencySymbol, style.currencySymbol);
     read(locale, localeitem::decimalSeparator, style.decimalSeparator);
-    read(locale, localeitem::groupSeparator, style.groupSeparator);
+    readGroupSeparator(locale, localeitem::groupSeparator, style.groupSeparator);
     read(locale, localeitem::moneyDecimal, style.moneyDecimal);
-    read(locale, localeitem::moneyGroup, style.moneyGroup);
+    readGroupSeparator(locale, localeitem::moneyGroup, style.moneyGroup);
     read(locale, localeitem::moneyGrouping, style.moneyGrouping);
     read(locale, localeitem::negativeSign, style.negativeSign);
     read(locale, localeitem::currencyDigits, style.digits);

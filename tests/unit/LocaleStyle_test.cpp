@@ -62,6 +62,16 @@ TEST_F(LocaleStyleTest, AnEmptyItemIsEmptyAndAMissingOneKeepsTheDefault) {
     EXPECT_EQ(style.digits, 2);
 }
 
+TEST_F(LocaleStyleTest, AGroupSeparatorThatTheCodePageLacksIsABlank) {
+    locale.set(0x0F, "?");
+    locale.set(0x17, "?");
+    const MoneyStyle style = moneyStyle(locale);
+    const Money amount = Money::fromScaled(12'345'000);
+    EXPECT_EQ(currencyText(amount, style), "$1 234.50");
+    EXPECT_EQ(moneyFromText("$1 234.50", style), amount);
+    EXPECT_EQ(moneyFromText("1 234.50 ", style), amount);
+}
+
 TEST_F(LocaleStyleTest, KnowsTheThreeOrdersOfDates) {
     locale.set(0x21, "0");
     EXPECT_EQ(dateOrder(locale), DateOrder::monthDayYear);

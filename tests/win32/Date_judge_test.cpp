@@ -39,6 +39,11 @@ protected:
         return dateFromText(text, dateOrder(locale));
     }
 
+    static std::string joined(std::string text, const std::string& second, const std::string& third,
+                              const std::string& mark) {
+        return text.append(mark).append(second).append(mark).append(third);
+    }
+
     std::string number(int below) {
         const int value = static_cast<int>(random() % static_cast<unsigned>(below));
         return (random() % 3 == 0 && value < 10 ? "0" : "") + std::to_string(value);
@@ -54,10 +59,9 @@ TEST_P(DateJudge, ThreeNumbersAreTheSystemsDate) {
         const std::string& mark = marks[random() % 3];
         const std::string third =
             random() % 2 == 0 ? number(100) : std::to_string(1900 + random() % 200);
-        std::string text = number(35) + mark + number(35) + mark + third;
-        if (random() % 4 == 0) {
-            text = third + mark + number(14) + mark + number(33);
-        }
+        const bool yearFirst = random() % 4 == 0;
+        const std::string text = yearFirst ? joined(third, number(14), number(33), mark)
+                                           : joined(number(35), number(35), third, mark);
         const auto expected = systemDate(text, GetParam());
         if (!expected) {
             continue; // the system settles on an order before it looks at the length of the month
