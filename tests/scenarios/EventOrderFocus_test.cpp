@@ -170,11 +170,23 @@ TEST_F(EventOrderFocus, AControlSendsTheFocusOnFromItsGotFocus) {
     EXPECT_EQ(active(), "txtThird");
 }
 
-TEST_F(EventOrderFocus, AButtonIsNotPressedWhenTheFocusWasSentElsewhere) {
+TEST_F(EventOrderFocus, AButtonIsNotPressedWhenTheFocusWasSentToAThirdControl) {
+    traced.during["txtFirst_LostFocus"] = [&] { traced.box("txtThird").setFocus(); };
+    robot.click(traced.form(), "cmdPress");
+    EXPECT_EQ(take(), "txtFirst_Validate(in txtFirst) txtFirst_LostFocus(to cmdPress) "
+                      "txtThird_GotFocus");
+    EXPECT_EQ(active(), "txtThird");
+}
+
+TEST_F(EventOrderFocus, AButtonFromWhichTheFocusWentStraightBackIsPressedAllTheSame) {
     traced.during["txtFirst_LostFocus"] = [&] { traced.box("txtFirst").setFocus(); };
     robot.click(traced.form(), "cmdPress");
     EXPECT_EQ(take(), "txtFirst_Validate(in txtFirst) txtFirst_LostFocus(to cmdPress) "
-                      "txtFirst_GotFocus");
+                      "txtFirst_GotFocus cmdPress_Click");
+    EXPECT_EQ(active(), "txtFirst");
+    robot.accessKey('p');
+    EXPECT_EQ(take(), "txtFirst_Validate(in txtFirst) txtFirst_LostFocus(to cmdPress) "
+                      "txtFirst_GotFocus cmdPress_Click");
 }
 
 TEST_F(EventOrderFocus, TabVisitsTheControlsInTheOrderOfTheTable) {

@@ -91,8 +91,10 @@ bool MemoryForm::moveFocusByUser(ControlCore& to) {
     if ((to.causesValidation && !validated()) || !to.canTakeFocus()) {
         return false;
     }
+    ControlCore* left = active_;
     changeFocus(to);
-    return active_ == &to;
+    const bool sentBack = left != nullptr && active_ == left && to.kind == ControlKind::button;
+    return active_ == &to || (sentBack && to.canTakeFocus());
 }
 
 bool MemoryForm::isTabStop(const ControlCore& core) const {
@@ -134,7 +136,7 @@ void MemoryForm::click(ControlCore& core) {
     if (!core.usable() || !core.takesFocus()) {
         return;
     }
-    if (moveFocusByUser(core) && active_ == &core) {
+    if (moveFocusByUser(core)) {
         core.clicked();
     }
 }
