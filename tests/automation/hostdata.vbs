@@ -56,14 +56,15 @@ Function Setting(name)
     Err.Clear
 End Function
 
-Sub PointAtOwnStore()
-    Dim stamp, folder
+' A folder name that no other run uses; some script hosts leave the text's ending zero in %TEMP%.
+Function OwnFolder()
     Randomize
-    stamp = CLng(Timer * 100) & "-" & CLng(Rnd * 1000000)
+    OwnFolder = Replace(shell.ExpandEnvironmentStrings("%TEMP%"), Chr(0), "") & "\hostdata-" & CLng(Timer * 100) & "-" & CLng(Rnd * 1000000)
+End Function
+
+Sub PointAtOwnStore()
     oldStore = Setting("Store")
-    ' Some script hosts leave the text's ending zero in the answer.
-    folder = Replace(shell.ExpandEnvironmentStrings("%TEMP%"), Chr(0), "")
-    shell.RegWrite settingsKey & "Store", folder & "\hostdata-" & stamp & "\data.db", "REG_SZ"
+    shell.RegWrite settingsKey & "Store", OwnFolder() & "\data.db", "REG_SZ"
 End Sub
 
 Sub TestOperators()
@@ -236,6 +237,35 @@ Sub TestTwoClients()
     Equal mine.Item("Zip").Value & theirs.Item("Zip").Value, "12", "Each client keeps its own fields"
 End Sub
 
+' The server reads its settings when it starts: the old process must have ended.
+Sub RestartWith(folder, store)
+    shell.RegWrite settingsKey & "Store", store, "REG_SZ"
+    Do
+        Set host = Nothing
+        Set host = CreateObject("dcZenda32.dcclsZenda32")
+    Loop Until host.Data_Path = folder
+End Sub
+
+Sub TestStoresThatCannotBeUsed()
+    Dim files, folder, file, count
+    Set files = CreateObject("Scripting.FileSystemObject")
+    folder = OwnFolder()
+    files.CreateFolder folder
+    Set file = files.CreateTextFile(folder & "\damaged.db")
+    file.Write String(5000, "x")
+    file.Close
+    RestartWith folder, folder & "\damaged.db"
+    On Error Resume Next
+    count = host.OperatorCount
+    Refused 3002, "A damaged store"
+    host.SignIn "anna", "counter-one"
+    Refused 3002, "A sign-in on a damaged store"
+    Err.Clear
+    RestartWith folder & "\damaged.db", folder & "\damaged.db\data.db"
+    count = host.OperatorCount
+    Refused 3001, "A store in a folder that cannot be"
+End Sub
+
 ' A test that was cut off by an error counts as failed.
 Sub Finished(name)
     Ok Err.Number = 0, name & " ran to its end " & Err.Description
@@ -257,6 +287,8 @@ TestStampedPayment
 Finished "TestStampedPayment"
 TestTwoClients
 Finished "TestTwoClients"
+TestStoresThatCannotBeUsed
+Finished "TestStoresThatCannotBeUsed"
 Set host = Nothing
 shell.RegWrite settingsKey & "Store", oldStore, "REG_SZ"
 WScript.Echo "1.." & cases
