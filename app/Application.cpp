@@ -48,12 +48,17 @@ void Application::offerCompanyInformation() {
     if (!AppProperties(desktop_).CompanyName().empty()) {
         return;
     }
-    desktop_.messageBoxes.show({.text = "Your company information has not been entered.\r\n\r\n"
-                                        "This information is used when printing receipts.\r\n"
-                                        "Do you want to setup this program now?",
-                                .title = "Enter Company Information Now?",
-                                .icon = MessageIcon::question,
-                                .buttons = MessageButtons::yesNo});
+    const MessageAnswer answer =
+        desktop_.messageBoxes.show({.text = "Your company information has not been entered.\r\n\r\n"
+                                            "This information is used when printing receipts.\r\n"
+                                            "Do you want to setup this program now?",
+                                    .title = "Enter Company Information Now?",
+                                    .icon = MessageIcon::question,
+                                    .buttons = MessageButtons::yesNo});
+    if (answer == MessageAnswer::yes) {
+        form_ = std::make_unique<ChargeInfo>(desktop_, components_);
+        form_->ShowCompanyInfo();
+    }
 }
 
 } // namespace tollvane

@@ -52,6 +52,8 @@ public:
     /// Disables or enables every control; enabling restores the states of the type. Never raises.
     void EnableForm(bool enable) noexcept;
     void ShowStatus(const std::string& text);
+    /// The company information dialog, modal to this form. Raises what keeps it from opening.
+    void ShowCompanyInfo();
     /// Gives the free-text boxes the format type of the settings.
     void ApplyAutoFormat();
 
@@ -77,6 +79,7 @@ private:
     void Form_Initialize();
     void setMaximumLengths();
     void showDataPath();
+    void showCompanyAddress();
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
@@ -113,6 +116,7 @@ private:
     void cmdCancel_Click();
     void cmdModify_Click();
     void mnu_Report_Click();
+    void mnu_POMore_Click();
     void mnu_PGateway_Click();
     void mnu_PSettings_Click();
 

@@ -35,7 +35,9 @@ ChargeInfoControls::ChargeInfoControls(Form& form)
       tmrDisplay(form.control<Timer>("tmrDisplay")), tmrSwipe(form.control<Timer>("tmrSwipe")),
       tmrKbBuffer(form.control<Timer>("tmrKbBuffer")),
       sbrStatus(form.control<StatusBar>("sbrStatus")),
-      mnu_Report(form.control<MenuItem>("mnu_Report")), mnuExit(form.control<MenuItem>("mnuExit")),
+      mnu_CompanyInfo(form.control<MenuItem>("mnu_CompanyInfo")),
+      mnu_Report(form.control<MenuItem>("mnu_Report")),
+      mnu_POMore(form.control<MenuItem>("mnu_POMore")), mnuExit(form.control<MenuItem>("mnuExit")),
       mnu_PGateway(form.control<MenuItem>("mnu_PGateway")),
       mnu_PSettings(form.control<MenuItem>("mnu_PSettings")) {}
 

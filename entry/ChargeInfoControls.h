@@ -59,7 +59,9 @@ struct ChargeInfoControls {
     Timer& tmrKbBuffer;
     StatusBar& sbrStatus;
 
+    MenuItem& mnu_CompanyInfo;
     MenuItem& mnu_Report;
+    MenuItem& mnu_POMore;
     MenuItem& mnuExit;
     MenuItem& mnu_PGateway;
     MenuItem& mnu_PSettings;

@@ -1,6 +1,8 @@
 // The transaction form's life: handlers are bound, the form initialises, loads, activates, unloads.
 
 #include "app/CommonRoutines.h"
+#include "dialogs/frmCompanyInfo.h"
+#include "dialogs/frmOptions.h"
 #include "entry/ChargeInfo.h"
 #include "entry/ChargeInfoLayout.h"
 #include "platform/Text.h"
@@ -99,6 +101,10 @@ void ChargeInfo::bindButtonEvents() {
             guard("There was an error moving the focus.", [&] { returnFocusFrom(*button); });
         };
     }
+    controls_.mnu_CompanyInfo.on.click = guarded(
+        "There was an error opening the company information.", &ChargeInfo::ShowCompanyInfo);
+    controls_.mnu_POMore.on.click =
+        guarded("There was an error opening the options.", &ChargeInfo::mnu_POMore_Click);
     controls_.mnu_Report.on.click = guarded("There was an error starting the transaction browser.",
                                             &ChargeInfo::mnu_Report_Click);
     controls_.mnuExit.on.click =
@@ -125,9 +131,7 @@ void ChargeInfo::Form_Initialize() {
     guard("There was an error setting the text formats.", [this] { ApplyAutoFormat(); });
     form_->setKeyPreview(true);
     guard("There was an error showing the data path.", [this] { showDataPath(); });
-    guard("There was an error showing the company information.", [this] {
-        controls_.lblCompanyInfo.setCaption(withoutAccessKeys(CompanyAddressBlock()));
-    });
+    guard("There was an error showing the company information.", [this] { showCompanyAddress(); });
     guard("There was an error preparing the menus.", [this] {
         controls_.mnu_Report.setVisible(
             FileExists(desktop_.files, AppFolder(desktop_.files) + kLogViewer));
@@ -168,6 +172,16 @@ void ChargeInfo::showDataPath() {
                "   Location: " + environment.Location());
 }
 
+void ChargeInfo::showCompanyAddress() {
+    controls_.lblCompanyInfo.setCaption(withoutAccessKeys(CompanyAddressBlock()));
+}
+
+void ChargeInfo::ShowCompanyInfo() {
+    frmCompanyInfo dialog(desktop_);
+    dialog.showModal(*form_);
+    showCompanyAddress();
+}
+
 void ChargeInfo::Form_Load() {
     const WindowPosition stored = AppProperties(desktop_).GetWindowPosition();
     const int left = coordinate(desktop_, "Left", stored.X);
@@ -203,6 +217,12 @@ void ChargeInfo::mnu_Report_Click() {
     const ChargeComponent& charge = components_.charge();
     RunProgram(desktop_.files, AppFolder(desktop_.files) + kLogViewer,
                charge.LogFilePath() + "\\" + charge.LogFileName());
+}
+
+void ChargeInfo::mnu_POMore_Click() {
+    frmOptions dialog(desktop_);
+    dialog.onSaved = [this] { ApplyAutoFormat(); };
+    dialog.showModal(*form_);
 }
 
 void ChargeInfo::cmdModify_Click() {

@@ -50,4 +50,14 @@ register_components() {
     for file in dcZenda32.exe; do
         wine "$file" /regserver >/dev/null 2>&1 || fail "$file does not register"
     done
+    set_default_state
+}
+
+# set_default_state: the company information dialog wants a state of its list; a shop that has none
+# yet starts with the first one.
+set_default_state() {
+    local key='HKLM\Software\Norrow Programs\Tollvane\Company Information'
+    wine reg query "$key" /v State >/dev/null 2>&1 ||
+        wine reg add "$key" /v State /t REG_SZ /d AL >/dev/null 2>&1 ||
+        fail "the default state cannot be stored"
 }
