@@ -11,6 +11,7 @@
 #include <atomic>
 #include <filesystem>
 #include <functional>
+#include <random>
 #include <string>
 
 namespace tollvane::hostdata {
@@ -20,9 +21,9 @@ class TestFolder {
 public:
     TestFolder() {
         const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-        path_ = std::filesystem::temp_directory_path() /
-                (std::string("hostdata-") + test->test_suite_name() + "-" + test->name());
-        std::filesystem::remove_all(path_);
+        path_ =
+            std::filesystem::temp_directory_path() / (std::string("hostdata-") + test->name() +
+                                                      "-" + std::to_string(std::random_device()()));
         std::filesystem::create_directories(path_);
     }
     TestFolder(const TestFolder&) = delete;
