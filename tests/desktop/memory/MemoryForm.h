@@ -52,7 +52,8 @@ public:
     void becameUnusable(ControlCore& core);
     /// From code: no validation.
     void changeFocus(ControlCore& to);
-    /// By the user: the control that is left may refuse. True when the focus has arrived.
+    /// By the user: the control that is left may refuse. True when the focus has arrived, or when a
+    /// handler sent it back from a button, which is pressed all the same.
     bool moveFocusByUser(ControlCore& to);
     /// Asks the active control's validation whether it may be left.
     bool validated();
