@@ -34,9 +34,8 @@ bool offers(ControlKind kind, Property property) {
     case Property::toolTip:
     case Property::bounds: return isWindow(kind);
     case Property::foreColour:
-        return takesKeys(kind) || kind == ControlKind::label || kind == ControlKind::frame;
     case Property::backColour:
-        return offers(kind, Property::foreColour) || kind == ControlKind::picture;
+        return isWindow(kind) && kind != ControlKind::button && kind != ControlKind::statusBar;
     }
     return false;
 }

@@ -17,13 +17,16 @@ bool Focus::validated() {
 }
 
 bool Focus::leaveTo(NativeControl& target) {
+    sentBack_ = false;
     if (active_ == &target) {
         return true;
     }
+    NativeControl* const from = active_;
     if ((target.causesValidation() && !validated()) || !target.canTakeFocus()) {
         return false;
     }
     moveTo(target);
+    sentBack_ = form_.window() && from && active_ == from;
     return form_.window() && active_ == &target;
 }
 
@@ -32,6 +35,7 @@ void Focus::moveTo(NativeControl& target) {
         return;
     }
     NativeControl* const from = std::exchange(active_, &target);
+    last_ = &target;
     if (!form_.isActive()) {
         // Coming back to the form raises nothing in its controls.
         told_ = entered_ ? &target : nullptr;
@@ -77,6 +81,7 @@ void Focus::cameTo(NativeControl& control) {
     if (moving_ || active_ == &control) {
         return;
     }
+    last_ = &control;
     raiseMove(std::exchange(active_, &control), control);
 }
 
@@ -90,6 +95,7 @@ void Focus::enterFirst() {
     entered_ = true;
     if (!active_) {
         active_ = form_.navigation.firstStop();
+        last_ = active_;
     }
     if (active_) {
         take(*active_);

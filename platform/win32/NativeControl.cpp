@@ -88,7 +88,14 @@ bool NativeControl::mouseDown() {
     // leaves no half-pressed button. When a handler asked the user something, the mouse button has
     // long been let go, and the click is over.
     const unsigned before = form_.ui().modalsSoFar();
-    return form_.focus.leaveTo(*this) && form_.ui().modalsSoFar() == before;
+    const bool arrived = form_.focus.leaveTo(*this);
+    if (form_.ui().modalsSoFar() != before) {
+        return false;
+    }
+    if (form_.focus.wasSentBack() && kind() == ControlKind::button && canTakeFocus()) {
+        press(); // the system's button would take the focus first, and lose its click with it
+    }
+    return arrived;
 }
 
 void NativeControl::raise(const std::function<void()>& handler) {

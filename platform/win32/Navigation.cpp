@@ -79,8 +79,11 @@ std::size_t Navigation::placeOf(const NativeControl* control) const {
 void Navigation::tab(bool forward) const {
     const auto& controls = form_.controls();
     const NativeControl* from = form_.focus.active();
+    if (!from) {
+        from = form_.focus.lastActive();
+    }
     const std::size_t count = controls.size();
-    // Without an active control the walk starts before the first, or behind the last.
+    // When no control ever had the focus, the walk starts before the first or behind the last.
     const std::size_t start = from ? placeOf(from) : (forward ? count - 1 : 0);
     for (std::size_t step = 1; step <= count; ++step) {
         NativeControl& next = *controls[(start + (forward ? step : count - step)) % count];
@@ -122,7 +125,10 @@ bool Navigation::accessKey(char letter) const {
         return false;
     }
     NativeControl& target = owner->takesFocus() ? *owner : *nextFocusable(*owner);
-    if (form_.focus.leaveTo(target) && &target == owner && target.canTakeFocus()) {
+    const bool arrived = form_.focus.leaveTo(target);
+    const bool pressedAnyway =
+        form_.focus.wasSentBack() && target.kind() == ControlKind::button;
+    if ((arrived || pressedAnyway) && &target == owner && target.canTakeFocus()) {
         target.press();
     }
     return true;

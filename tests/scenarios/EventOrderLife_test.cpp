@@ -106,17 +106,19 @@ TEST_F(EventOrderLife, AModalFormReturnsWhenItHasBeenClosed) {
 TEST_F(EventOrderLife, TheOwnerTakesNoInputWhileAModalFormIsOpen) {
     traced.form().show();
     TracedForm dialog(*desk.forms, {.name = "frmDialog"});
+    std::string typed;
     robot.planModal([&](Form& form) {
         watch(watchAll);
         robot.click(traced.form(), "cmdPress");
         robot.closeBox(traced.form());
         robot.typeText("x");
+        typed = dialog.box("txtFirst").text();
         form.close();
     });
     dialog.form().showModal(&traced.form());
     EXPECT_EQ(take(), "Form_Activate");
     EXPECT_TRUE(traced.form().isOpen());
-    EXPECT_EQ(dialog.box("txtFirst").text(), "x");
+    EXPECT_EQ(typed, "x");
 }
 
 TEST_F(EventOrderLife, AModalFormOfAnOwnerThatIsNotShownReturnsToo) {
@@ -161,11 +163,16 @@ TEST_F(EventOrderLife, CaptionPlacePointerAndStateAreKept) {
     form.setMousePointer(MousePointer::hourglass);
     EXPECT_EQ(form.mousePointer(), MousePointer::hourglass);
     EXPECT_EQ(form.windowState(), WindowState::normal);
-    robot.setWindowState(form, WindowState::maximised);
-    EXPECT_EQ(form.windowState(), WindowState::maximised);
     robot.setWindowState(form, WindowState::minimised);
     EXPECT_EQ(form.windowState(), WindowState::minimised);
     form.refresh();
+}
+
+TEST_F(EventOrderLife, AResizableFormCanBeMaximised) {
+    TracedForm wide(*desk.forms, {.name = "frmWide", .resizable = true});
+    wide.show();
+    robot.setWindowState(wide.form(), WindowState::maximised);
+    EXPECT_EQ(wide.form().windowState(), WindowState::maximised);
 }
 
 TEST_F(EventOrderLife, LoadComesBeforeTheFormIsOnTheScreenAndMayMoveIt) {

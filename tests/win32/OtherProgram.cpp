@@ -7,9 +7,9 @@ namespace tollvane::test {
 namespace {
 
 void live(std::promise<HWND> made) {
-    const HWND window =
-        CreateWindowExA(0, "STATIC", "Another program", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 400, 400,
-                        160, 120, nullptr, nullptr, nullptr, nullptr);
+    const HWND window = CreateWindowExA(0, "STATIC", "Another program", WS_POPUP, 400, 400, 160,
+                                        120, nullptr, nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
     made.set_value(window);
     MSG message{};
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {

@@ -28,6 +28,11 @@ win32::NativeControl& nativeOf(Control& control) {
     return dynamic_cast<win32::NativeControl&>(control);
 }
 
+/// What the keyboard sends along with a key that goes down once.
+LPARAM keyInfo(UINT key) {
+    return static_cast<LPARAM>(1U | MapVirtualKeyA(key, MAPVK_VK_TO_VSC) << 16);
+}
+
 LPARAM at(POINT place) {
     return MAKELPARAM(place.x, place.y);
 }
@@ -149,7 +154,7 @@ void WindowRobot::lookAround() {
     GetGUIThreadInfo(GetCurrentThreadId(), &thread);
     const bool inMenu = (thread.flags & GUI_INMENUMODE) != 0;
     if (inMenu && !std::exchange(inPopUp_, true)) {
-        actInPopUp(thread.hwndMenuOwner);
+        actInPopUp(forms_.ui().formInFront()->window());
     }
     inPopUp_ = inMenu;
 }
@@ -181,9 +186,9 @@ void WindowRobot::actInPopUp(HWND owner) {
         return;
     }
     for (int step = stepsTo(parent->opens(), item->id()); step > 0; --step) {
-        PostMessageA(owner, WM_KEYDOWN, VK_DOWN, 0);
+        PostMessageA(owner, WM_KEYDOWN, VK_DOWN, keyInfo(VK_DOWN));
     }
-    PostMessageA(owner, WM_KEYDOWN, VK_RETURN, 0);
+    PostMessageA(owner, WM_KEYDOWN, VK_RETURN, keyInfo(VK_RETURN));
 }
 
 void WindowRobot::settle() {
@@ -220,8 +225,7 @@ void WindowRobot::stroke(int keyCode, int shift) {
     const bool alt = (shift & shiftmask::alt) != 0;
     const bool system = alt && !(shift & shiftmask::control);
     const auto key = static_cast<WPARAM>(keyCode);
-    const UINT scan = MapVirtualKeyA(static_cast<UINT>(keyCode), MAPVK_VK_TO_VSC);
-    const auto info = static_cast<LPARAM>(1U | scan << 16 | (alt ? 1U << 29 : 0U));
+    const LPARAM info = keyInfo(static_cast<UINT>(keyCode)) | (alt ? 1L << 29 : 0L);
     const HWND target = GetFocus() ? GetFocus() : GetActiveWindow();
     if (!target) {
         ADD_FAILURE() << "no window takes keys";
