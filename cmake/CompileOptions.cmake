@@ -8,7 +8,9 @@ if(MSVC)
   target_compile_definitions(tollvane_options INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   target_compile_options(tollvane_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor> $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
+    -Werror)
 endif()
 
 if(WIN32)
