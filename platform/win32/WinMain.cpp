@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <clocale>
 #include <cstdlib>
 
 namespace {
@@ -18,6 +19,8 @@ void runProgram(HINSTANCE instance) {
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, LPSTR /*commandLine*/,
                    int /*show*/) {
+    // Letters are those of the system's code page; numbers stay as C has them.
+    std::setlocale(LC_CTYPE, "");
     try {
         runProgram(instance);
     } catch (...) {
