@@ -56,4 +56,11 @@ private:
     Interface* pointer_ = nullptr;
 };
 
+// The one place where objects come to life; they start with the one reference that is taken over.
+// Throws what the constructor throws.
+template <class Object, class... Arguments>
+ComPtr<Object> makeObject(Arguments&&... arguments) {
+    return ComPtr<Object>(new Object(std::forward<Arguments>(arguments)...));
+}
+
 } // namespace tollvane::com

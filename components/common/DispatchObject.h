@@ -92,12 +92,6 @@ private:
 #pragma GCC diagnostic pop
 #endif
 
-// The one place where objects come to life. Throws what the constructor throws.
-template <class Object, class... Arguments>
-ComPtr<Object> makeObject(Arguments&&... arguments) {
-    return ComPtr<Object>(new Object(std::forward<Arguments>(arguments)...));
-}
-
 // Creates an object for a class factory: Object must be default constructible.
 template <class Object>
 HRESULT createObject(REFIID iid, void** out) noexcept {

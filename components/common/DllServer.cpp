@@ -15,7 +15,7 @@ HRESULT dllGetClassObject(const ServerClasses& server, REFCLSID classId, REFIID 
     for (const ServerClass& each : server.classes) {
         if (IsEqualCLSID(*each.classId, classId))
             return guarded(IID_IClassFactory, "ClassFactory", [&] {
-                ComPtr<ClassFactory> factory(new ClassFactory(each));
+                const ComPtr<ClassFactory> factory = makeObject<ClassFactory>(each);
                 check(factory->QueryInterface(iid, out));
             });
     }

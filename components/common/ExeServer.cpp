@@ -49,7 +49,7 @@ class OfferedClasses {
 public:
     explicit OfferedClasses(const ServerClasses& server) {
         for (const ServerClass& each : server.classes) {
-            ComPtr<ClassFactory> factory(new ClassFactory(each));
+            const ComPtr<ClassFactory> factory = makeObject<ClassFactory>(each);
             DWORD cookie = 0;
             check(CoRegisterClassObject(*each.classId, factory.get(), CLSCTX_LOCAL_SERVER,
                                         REGCLS_MULTIPLEUSE | REGCLS_SUSPENDED, &cookie));

@@ -105,11 +105,11 @@ void unregisterServer(const ServerClasses& server) {
             removeTree(versionedProgId(each, server));
         }
     }
-    const HRESULT result = UnRegisterTypeLib(*server.typeLibraryId, server.majorVersion,
-                                             server.minorVersion, LOCALE_NEUTRAL, systemKind());
-    if (FAILED(result) && result != TYPE_E_REGISTRYACCESS &&
-        result != HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND))
-        throwFailure(result);
+    if (!RegistryKey::openForReading(HKEY_LOCAL_MACHINE, std::wstring(classesPath) + L"TypeLib\\" +
+                                                             guidText(*server.typeLibraryId)))
+        return;
+    check(UnRegisterTypeLib(*server.typeLibraryId, server.majorVersion, server.minorVersion,
+                            LOCALE_NEUTRAL, systemKind()));
 }
 
 } // namespace tollvane::com

@@ -53,9 +53,9 @@ void ChargeService::clearFields() noexcept {
 }
 
 bool ChargeService::run(Operation operation, std::string_view argument) {
-    answer_ = ProcessorAnswer();
     const WipeAtEnd wipe(fields_);
-    prepareFields(operation, argument);
+    prepareFields(operation, argument); // the argument may be a part of the last answer
+    answer_ = ProcessorAnswer();
     const bool trackReadable = deriveFromTrack(operation);
     perform(operation, trackReadable);
     return answer_.approved();

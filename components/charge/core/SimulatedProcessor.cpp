@@ -91,7 +91,7 @@ ProcessorAnswer SimulatedProcessor::submit(const ProcessorRequest& request) {
     const Trigger trigger = triggerFor(request);
     if (trigger.trouble == LineTrouble::RequestLost)
         throw ProcessorUnreachable("The line to the processor is down.");
-    const ProcessorAnswer answer =
+    ProcessorAnswer answer =
         record(ledger, request, decide(request, trigger, ledger), trigger.settledAtOnce);
     if (trigger.trouble == LineTrouble::None || !answer.approved())
         return answer;

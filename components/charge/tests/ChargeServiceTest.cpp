@@ -205,7 +205,7 @@ TEST(Refund, AVoidedRefundCanBeMadeAgain) {
     Shop shop;
     const std::string id = shop.charged("30.00");
     ASSERT_TRUE(shop.refund(id, "30.00"));
-    ASSERT_TRUE(shop.voidIt(shop.service->answer().transactionId));
+    ASSERT_TRUE(shop.voidIt(shop.lastId()));
     EXPECT_TRUE(shop.refund(id, "30.00"));
 }
 
@@ -247,7 +247,7 @@ TEST(Void, AVoidAndADeclineCannotBeVoided) {
     EXPECT_FALSE(shop.voidIt(declined));
     EXPECT_EQ(code(Reason::CannotBeVoided), shop.reason());
     ASSERT_TRUE(shop.voidIt(shop.charged("30.00")));
-    EXPECT_FALSE(shop.voidIt(shop.service->answer().transactionId));
+    EXPECT_FALSE(shop.voidIt(shop.lastId()));
     EXPECT_EQ(code(Reason::CannotBeVoided), shop.reason());
 }
 

@@ -91,18 +91,19 @@ struct Shop {
         charge(amount, number);
         return service->answer().transactionId;
     }
-    // The ids come by value: they may be those of the answer that the operation replaces.
-    bool refund(std::string id, const std::string& amount, const char* digits = "1111") {
+    bool refund(const std::string& id, const std::string& amount, const char* digits = "1111") {
         service->clearFields();
         service->fields().set(Field::CardNumber, digits);
         service->fields().set(Field::Amount, amount);
         return service->run(Operation::Refund, id);
     }
-    bool voidIt(std::string id, const std::string& amount = "1.00") {
+    bool voidIt(const std::string& id, const std::string& amount = "1.00") {
         service->clearFields();
         service->fields().set(Field::Amount, amount);
         return service->run(Operation::Void, id);
     }
+    // A copy: the next operation replaces the answer.
+    std::string lastId() const { return service->answer().transactionId; }
     int reason() const { return service->answer().reasonCode; }
     int response() const { return service->answer().responseCode; }
 
