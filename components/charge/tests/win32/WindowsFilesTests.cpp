@@ -13,14 +13,17 @@ namespace {
 
 // A folder of its own for each test, gone afterwards.
 class WindowsFilesTest : public testing::Test {
-protected:
+public:
     WindowsFilesTest()
         : folder_(std::filesystem::temp_directory_path() /
                   (L"charge" + std::to_wstring(GetCurrentProcessId()))) {
         std::filesystem::remove_all(folder_);
     }
+    WindowsFilesTest(const WindowsFilesTest&) = delete;
+    WindowsFilesTest& operator=(const WindowsFilesTest&) = delete;
     ~WindowsFilesTest() override { std::filesystem::remove_all(folder_); }
 
+protected:
     WindowsFiles files;
     std::filesystem::path folder_;
     std::filesystem::path file_ = folder_ / L"deep" / L"f.dat";
