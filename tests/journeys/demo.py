@@ -34,9 +34,9 @@ def play(till, prefix):
     till.picture("test-charge-finished")
     assert not payments.read(prefix), "a test charge was posted"
     say("test mode is switched off in the charge component's own dialog")
+    counter.select("Charge")
     counter.set_test_mode(False)
     say("a charge that counts")
-    counter.select("Charge")
     counter.fill_charge("86.40", "6.40", description="Dining table")
     till.picture("charge-filled")
     counter.submit(picture="charge-approved")

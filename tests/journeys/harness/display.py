@@ -68,6 +68,17 @@ class Display:
         self.run("import", "-silent", "-window", str(xid), str(path))
         return path
 
+    def picture_at_rest(self, path, tries=20):
+        """The same as soon as two pictures in a row are alike: windows take their time to paint."""
+        before = None
+        for _ in range(tries):
+            self.picture(path)
+            now = self.run("identify", "-format", "%#", str(path))
+            if now == before:
+                break
+            before = now
+        return path
+
     def type(self, text, delay=4):
         """Types a text into whatever has the focus; `delay` in ms between the keys."""
         self.run("xdotool", "type", "--delay", str(delay), "--", text)

@@ -97,7 +97,7 @@ class Till:
         path = self._pictures / f"{self._count:02}-{name}.png"
         # Off the controls, so that no tool tip or hot state gets into the picture.
         self.display.run("xdotool", "mousemove", "2", "2")
-        return self.display.picture(path)
+        return self.display.picture_at_rest(path)
 
     # Hands
 
@@ -120,7 +120,12 @@ class Till:
         """Opens a list and walks down to the entry that ends in that text."""
         window = window or self.front()
         self.click(name, window)
-        self.display.press("Home")
+        until(f"the open list of {name}", lambda: self.control(name, window)["dropped"],
+              otherwise=self.focused)
+        # The list may still be busy with the click when the first key comes.
+        until(f"the top of {name}",
+              lambda: self.display.press("Home") or self.control(name, window)["selected"] == 0,
+              interval=0.1)
         for place in range(self.control(name, window)["count"]):
             until(f"entry {place} of {name}",
                   lambda at=place: self.control(name, window)["selected"] == at,
