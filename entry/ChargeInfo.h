@@ -81,6 +81,7 @@ private:
     void showDataPath();
     void showCompanyAddress();
     void Form_Load();
+    void activated() noexcept;
     void Form_Activate();
     void Form_Unload();
     void Form_KeyPress(int& keyAscii);
@@ -150,8 +151,9 @@ private:
     bool submitting_ = false;
     /// Blank in every entry: the track of a card stays in `txtMagStripe` alone.
     std::array<char, 25> swipeRecord_{};
-    bool amountTipIsOwed_ = false; ///< a reader was still sending
-    bool restoringType_ = false;   ///< the form itself selects the type's button again
+    bool amountTipIsOwed_ = false;  ///< a reader was still sending
+    bool activationFailed_ = false; ///< and the operator has been told
+    bool restoringType_ = false;    ///< the form itself selects the type's button again
 };
 
 } // namespace tollvane

@@ -48,8 +48,7 @@ void ChargeInfo::bindEvents() {
 
 void ChargeInfo::bindFormEvents() {
     form_->on.load = guarded("There was an error loading the form.", &ChargeInfo::Form_Load);
-    form_->on.activate =
-        guarded("There was an error activating the form.", &ChargeInfo::Form_Activate);
+    form_->on.activate = [this] { activated(); };
     form_->on.unload = guarded("There was an error closing the form.", &ChargeInfo::Form_Unload);
     form_->on.doubleClick =
         guarded("There was an error painting the form.", &ChargeInfo::Form_DblClick);
@@ -193,6 +192,18 @@ void ChargeInfo::Form_Load() {
     }
 }
 
+void ChargeInfo::activated() noexcept {
+    try {
+        Form_Activate();
+        activationFailed_ = false;
+    } catch (...) {
+        // Closing the box activates the form again: told every time, the failure would never end.
+        if (!std::exchange(activationFailed_, true)) {
+            reportError("There was an error activating the form.", currentError());
+        }
+    }
+}
+
 void ChargeInfo::Form_Activate() {
     if (charge_ == nullptr) {
         return;
@@ -206,10 +217,10 @@ void ChargeInfo::Form_Unload() {
         AppProperties(desktop_).SaveWindowPosition(form_->left(), form_->top());
     }
     charge_ = nullptr;
-    controls_.txtCardNumber.wipeText();
-    controls_.txtCardCode.wipeText();
-    controls_.txtMagStripe.wipeText();
-    controls_.txtKbBuffer.wipeText();
+    for (TextBox* secret : {&controls_.txtCardNumber, &controls_.txtCardCode,
+                            &controls_.txtMagStripe, &controls_.txtKbBuffer}) {
+        guard("There was an error clearing the card data.", [secret] { secret->wipeText(); });
+    }
     components_.ReleaseComponents();
 }
 

@@ -61,7 +61,7 @@ TEST_P(FieldState, IsThatOfAChargeWhenTheFormOpens) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, FieldState, ::testing::ValuesIn(kFields),
-                         [](const auto& info) { return std::string(info.param.control); });
+                         [](const auto& row) { return std::string(row.param.control); });
 
 class FieldStates : public OpenTillTest {
 protected:
@@ -187,7 +187,7 @@ INSTANTIATE_TEST_SUITE_P(
                              "Enter the amount of the original transaction. "
                              "The original transaction will be voided.",
                              "Enter the original transaction number here"}),
-    [](const auto& info) { return std::string(info.param.what); });
+    [](const auto& row) { return std::string(row.param.what); });
 
 class SettingAFieldState : public OpenTillTest {};
 

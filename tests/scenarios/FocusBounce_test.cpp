@@ -78,5 +78,24 @@ TEST_F(FocusBounce, ConfigureStillOpensItsMenuFromTheButtons) {
     }
 }
 
+TEST_F(FocusBounce, ConfigureLeavesTheFocusWithTheButton) {
+    till.button("cmdCancel").setFocus();
+    till.desktop.robot->planPopUp("mnu_PSettings");
+
+    till.press("cmdModify");
+
+    EXPECT_EQ(till.focus(), "cmdCancel");
+}
+
+TEST_F(FocusBounce, AccessKeyOfConfigureOpensItsMenuFromTheButtons) {
+    till.button("cmdSubmit").setFocus();
+    till.desktop.robot->planPopUp("mnu_PSettings");
+
+    till.desktop.robot->accessKey('F');
+
+    EXPECT_EQ(till.desktop.charge.settingsConfigured, 1);
+    EXPECT_EQ(till.focus(), "cmdSubmit");
+}
+
 } // namespace
 } // namespace tollvane::test

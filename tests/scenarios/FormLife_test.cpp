@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
         Length{"txtBillToStreet", "x_address", 31}, Length{"txtBillToCity", "x_city", 17},
         Length{"txtEMail", "x_email", 63}, Length{"txtDescription", "x_description", 41},
         Length{"txtInvoiceNumber", "x_invoice_num", 13}, Length{"txtPONumber", "x_po_num", 14}),
-    [](const auto& info) { return std::string(info.param.box); });
+    [](const auto& row) { return std::string(row.param.box); });
 
 TEST_F(OpeningTheForm, GivesTheHolderTheLengthOfBothNamesWithoutRoomForTheBlank) {
     till.desktop.charge.setMaximumLength("x_first_name", 13);
@@ -317,6 +317,20 @@ TEST_F(Caption, OfAFailingComponentStaysAndIsReported) {
                                 information("", "There was an error activating the form.\r\n\r\n"
                                                 "Error: 70, Permission denied")}));
     EXPECT_EQ(till.form().caption(), "Credit Card Charge/Credit");
+}
+
+TEST_F(Caption, OfAComponentThatKeepsFailingIsReportedOnce) {
+    till.desktop.charge.script().readOnly(
+        "TestMode", []() -> Variant { throw Error(70, "charge", "Permission denied"); });
+    till.start();
+
+    // Closing a message box activates the form again.
+    for (int i = 0; i < 3; ++i) {
+        till.desktop.robot->leaveForAnotherProgram();
+        till.desktop.robot->comeBackTo(till.form());
+    }
+
+    EXPECT_EQ(till.boxes().size(), 1U);
 }
 
 class ConfigureButton : public OpenTillTest {};

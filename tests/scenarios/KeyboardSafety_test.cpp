@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(In, EnterAndEscape,
                                            Place{"txtEMail", -1}, Place{"txtDescription", -1},
                                            Place{"txtInvoiceNumber", -1}, Place{"txtPONumber", -1},
                                            Place{"cmdSubmit", -1}, Place{"cmdCancel", -1}),
-                         [](const auto& info) { return std::string(info.param.control); });
+                         [](const auto& row) { return std::string(row.param.control); });
 
 class Spaces : public OpenTillTest {};
 

@@ -157,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(Steps, LoginStep,
                                                        "environment.SafeCreateUIObj"},
                                            FailingStep{"LoginItself", "login.Login"},
                                            FailingStep{"Privilege", "environment.HasSecurity"}),
-                         [](const auto& info) { return std::string(info.param.what); });
+                         [](const auto& row) { return std::string(row.param.what); });
 
 TEST_F(Login, ServerThatCannotBeCreatedGetsTheTrail) {
     till.desktop.environment.dcServer = "NOWHERE";
@@ -175,7 +175,7 @@ TEST_F(Login, ServerThatCannotBeCreatedGetsTheTrail) {
 TEST_F(Login, LoginObjectIsReleasedOnEveryPath) {
     // The fake hands out one shared login object; what the program keeps shows in its count.
     const ObjectRef login =
-        till.desktop.environment.object()->call("SafeCreateUIObj", {{std::int32_t{12}}});
+        asObject(till.desktop.environment.object()->call("SafeCreateUIObj", {{std::int32_t{12}}}));
     const long before = login.use_count();
 
     authorizeAlone();

@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(KindChange{"ChargeToRefund", 0, 1}, KindChange{"ChargeToVoid", 0, 2},
                       KindChange{"RefundToCharge", 1, 0}, KindChange{"RefundToVoid", 1, 2},
                       KindChange{"VoidToCharge", 2, 0}, KindChange{"VoidToRefund", 2, 1}),
-    [](const auto& info) { return std::string(info.param.what); });
+    [](const auto& row) { return std::string(row.param.what); });
 
 TEST_F(NewEntry, ChoosingAKindBeforeAnApprovalKeepsTheEntry) {
     till.fillCharge();

@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
                       OperatorName{"FirstNameIsTrimmed", "  Ada ", "Byron", "Ada Byron"},
                       OperatorName{"LastNameIsNotTrimmed", "Ada", " Byron ", "Ada  Byron "},
                       OperatorName{"NoNamesLeaveTheBlank", "", "", " "}),
-    [](const auto& info) { return std::string(info.param.what); });
+    [](const auto& row) { return std::string(row.param.what); });
 
 } // namespace
 } // namespace tollvane::test

@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ApprovalText{"ReasonOnly", "", "", "Fine.", "Fine."},
                       ApprovalText{"Everything", "Z9", "55", "Fine.",
                                    "Aproval code:\tZ9\r\nTransaction ID:\t55\r\nFine."}),
-    [](const auto& info) { return std::string(info.param.what); });
+    [](const auto& row) { return std::string(row.param.what); });
 
 TEST_F(Submission, OperationsResultDecidesAndNotTheCodes) {
     till.fillCharge();
