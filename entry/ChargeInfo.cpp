@@ -162,8 +162,14 @@ void ChargeInfo::txtCardNumber_Change() {
 }
 
 void ChargeInfo::txtCardNumber_Validate(bool& cancel) {
+    // A refund may name the card of the earlier charge by its last four digits, which no check of
+    // whole numbers would let pass.
+    constexpr std::size_t kLastDigits = 4;
     const SecretText pan = controls_.txtCardNumber.secretText();
-    if (!pan.empty() && !ValidateCardNumber(desktop_, pan)) {
+    if (pan.empty() || (transType_ == transtype::refund && pan.size() == kLastDigits)) {
+        return;
+    }
+    if (!ValidateCardNumber(desktop_, pan)) {
         cancel = true;
         SelectAllText(desktop_.mouse, controls_.txtCardNumber, false);
     }

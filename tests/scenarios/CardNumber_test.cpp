@@ -163,6 +163,36 @@ TEST_F(LeavingTheCardNumber, RejectedPressesNoSubmit) {
     EXPECT_EQ(till.desktop.charge.cleared, 0);
 }
 
+TEST_F(LeavingTheCardNumber, OfARefundTheLastFourDigitsAreEnough) {
+    till.choose(1);
+    type("1111");
+
+    till.desktop.robot->tab();
+
+    EXPECT_EQ(till.focus(), "txtAmount");
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+    EXPECT_TRUE(till.desktop.checker.checked.empty());
+}
+
+TEST_F(LeavingTheCardNumber, OfARefundAWholeNumberIsJudged) {
+    till.choose(1);
+    type("4111111111111112");
+
+    till.desktop.robot->tab();
+
+    EXPECT_EQ(till.focus(), "txtCardNumber");
+    EXPECT_EQ(till.boxes().size(), 1U);
+}
+
+TEST_F(LeavingTheCardNumber, OfAChargeFourDigitsAreJudged) {
+    type("1111");
+
+    till.desktop.robot->tab();
+
+    EXPECT_EQ(till.focus(), "txtCardNumber");
+    EXPECT_EQ(till.boxes().size(), 1U);
+}
+
 TEST_F(LeavingTheCardNumber, MissingCheckerKeepsTheFocusAndTheProgramRunning) {
     till.desktop.automation.unregister("{B0FF1329-8BB0-4C7B-BE63-416A3AEAA8D3}");
     type("4111111111111111");
