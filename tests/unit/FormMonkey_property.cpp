@@ -1,0 +1,72 @@
+// Half a million keystrokes without a plan. As many again, and more, go through the state machines
+// alone: see TypedKeys_property.cpp.
+
+#include "tests/unit/FormMonkey.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <vector>
+
+namespace tollvane::test {
+namespace {
+
+using Script = std::vector<std::uint8_t>;
+
+/// Mostly what readers and money boxes care about, some of everything.
+Script anyScript(std::mt19937& random) {
+    static const std::string likely = "%%%B^^?;;+=0123456789..--,abcXYZ/ \b\b\r\x1b|'";
+    Script script(std::uniform_int_distribution<std::size_t>(20, 400)(random));
+    for (std::uint8_t& byte : script) {
+        byte = random() % 3 != 0 ? static_cast<std::uint8_t>(likely[random() % likely.size()])
+                                 : static_cast<std::uint8_t>(random());
+    }
+    return script;
+}
+
+std::string shown(const Script& script) {
+    std::string text;
+    for (const std::uint8_t byte : script) {
+        if (byte >= 32 && byte < 127) {
+            text += static_cast<char>(byte);
+        } else {
+            text += "<" + std::to_string(byte) + ">";
+        }
+    }
+    return text;
+}
+
+/// A share of them, so that several processes can work on it.
+class FormMonkeyPlays : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(FormMonkeyPlays, WithoutBreakingAPromise) {
+    constexpr std::uint64_t share = 50'000;
+    std::mt19937 random(GetParam());
+    FormMonkey monkey;
+    while (monkey.keystrokes() < share) {
+        const Script script = anyScript(random);
+        ASSERT_EQ(monkey.play(script), "") << "script: " << shown(script);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Share, FormMonkeyPlays, ::testing::Range(1U, 11U));
+
+TEST(FormMonkeyCorpus, StillHoldsItsPromises) {
+    const std::filesystem::path folder =
+        std::filesystem::path(__FILE__).parent_path().parent_path() / "fuzz/corpus/form_keys";
+    FormMonkey monkey;
+    int played = 0;
+    for (const auto& file : std::filesystem::directory_iterator(folder)) {
+        std::ifstream in(file.path(), std::ios::binary);
+        const Script script{std::istreambuf_iterator<char>(in), {}};
+        EXPECT_EQ(monkey.play(script), "") << file.path().filename();
+        ++played;
+    }
+    EXPECT_GT(played, 0) << "no corpus in " << folder;
+}
+
+} // namespace
+} // namespace tollvane::test
