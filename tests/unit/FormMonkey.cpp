@@ -28,7 +28,7 @@ constexpr std::array kSwipes{
     "%B4111111111111111^SMITH/JO",
     "%B41111111",
     "%B4111111111111111^SMITH/JOHN^27121;41111111111",
-    ";411111111",
+    ";42222222",
 };
 
 constexpr std::array kKeys{keycode::left,      keycode::right, keycode::home, keycode::end,
@@ -108,7 +108,7 @@ void FormMonkey::act(std::uint8_t byte) {
     const std::uint8_t which = byte % 32;
     if (byte < 128 || byte >= 240) {
         const char character = static_cast<char>(byte == 0 || byte == '\t' ? '\b' : byte);
-        ownRecord_ = ownRecord_ || (lastKey_ == '%' && character == 'B');
+        ownRecord_ = ownRecord_ || (lastKey_ == '%' && (character == 'B' || character == 'b'));
         type({&character, 1});
     } else if (byte < 160) {
         changeFocus(which);

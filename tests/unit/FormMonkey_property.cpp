@@ -39,6 +39,23 @@ std::string shown(const Script& script) {
     return text;
 }
 
+/// The script without what is not needed for the failure, for somebody to read.
+Script shrunk(FormMonkey& monkey, Script script) {
+    for (std::size_t size = script.size() / 2; size > 0; size /= 2) {
+        for (std::size_t at = 0; at + size <= script.size();) {
+            Script shorter = script;
+            const auto from = shorter.begin() + static_cast<std::ptrdiff_t>(at);
+            shorter.erase(from, from + static_cast<std::ptrdiff_t>(size));
+            if (monkey.play(shorter).empty()) {
+                at += size;
+            } else {
+                script = shorter;
+            }
+        }
+    }
+    return script;
+}
+
 /// A share of them, so that several processes can work on it.
 class FormMonkeyPlays : public ::testing::TestWithParam<unsigned> {};
 
@@ -48,7 +65,8 @@ TEST_P(FormMonkeyPlays, WithoutBreakingAPromise) {
     FormMonkey monkey;
     while (monkey.keystrokes() < share) {
         const Script script = anyScript(random);
-        ASSERT_EQ(monkey.play(script), "") << "script: " << shown(script);
+        const std::string complaint = monkey.play(script);
+        ASSERT_EQ(complaint, "") << "script: " << shown(shrunk(monkey, script));
     }
 }
 
