@@ -129,11 +129,11 @@ class Counter:
         self.till.display.click(*button.centre)
         self.till.wait("the type " + kind, lambda: self.till.option() == kind)
 
-    def fill_reference(self, amount, transaction, last_digits=None):
-        """Keys what a refund or a void needs: the amount and the earlier transaction."""
+    def fill_reference(self, amount, transaction, number=None):
+        """Keys what a void needs, the amount and the earlier transaction, and for a refund the card."""
         form = self.till.form()
-        if last_digits:
-            self.till.enter("txtCardNumber", last_digits, form)
+        if number:
+            self.till.enter("txtCardNumber", number, form)
         self.till.enter("txtAmount", amount, form)
         self.till.enter("txtTransactionNumber", transaction, form)
 
