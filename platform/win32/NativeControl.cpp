@@ -127,6 +127,10 @@ void NativeControl::applyFont() {
 HBRUSH NativeControl::colours(HDC context) {
     SetTextColor(context, systemColour(fore_));
     SetBkColor(context, systemColour(back_));
+    return backBrush();
+}
+
+HBRUSH NativeControl::backBrush() {
     if (!backBrush_) {
         backBrush_.reset(CreateSolidBrush(systemColour(back_)));
     }

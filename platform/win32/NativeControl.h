@@ -75,6 +75,7 @@ protected:
 
     FormCore& form() const { return form_; }
 
+    HBRUSH backBrush();
     void setEnabledState(bool enabled);
     void setVisibleState(bool visible);
     virtual void lockedChanged() {}

@@ -126,8 +126,7 @@ bool Navigation::accessKey(char letter) const {
     }
     NativeControl& target = owner->takesFocus() ? *owner : *nextFocusable(*owner);
     const bool arrived = form_.focus.leaveTo(target);
-    const bool pressedAnyway =
-        form_.focus.wasSentBack() && target.kind() == ControlKind::button;
+    const bool pressedAnyway = form_.focus.wasSentBack() && target.kind() == ControlKind::button;
     if ((arrived || pressedAnyway) && &target == owner && target.canTakeFocus()) {
         target.press();
     }

@@ -68,6 +68,10 @@ void Win32OptionButton::select() {
     raise(on.click);
 }
 
+void Win32OptionButton::press() {
+    selected_ ? raise(on.click) : select();
+}
+
 void Win32OptionButton::colourChanged() {
     followColour(window(), fore_ != defaultForeColour(ControlKind::optionButton));
     PressableOf::colourChanged();

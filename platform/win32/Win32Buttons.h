@@ -69,7 +69,7 @@ public:
     bool selected() const override { return selected_; }
     void select() override;
     bool isMarked() const override { return selected_; }
-    void press() override { select(); }
+    void press() override;
 
 protected:
     void colourChanged() override;

@@ -6,6 +6,7 @@ namespace {
 
 constexpr int kShownItems = 12; // of the open list; more of them scroll
 constexpr long kNoSuchItem = 381;
+constexpr auto kClosedEntry = static_cast<WPARAM>(-1); // the entry that the closed list shows
 
 /// Keys that would open the list or move its selection.
 bool changesSelection(WPARAM key) {
@@ -83,15 +84,18 @@ void Win32ComboBox::place() {
     }
     const RECT at = form().pixels(bounds_);
     const int height = at.bottom - at.top;
-    // The closed height follows from the height of an entry plus the system's own border.
-    const auto entry = static_cast<int>(native(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
+    const auto listEntry = static_cast<int>(native(CB_GETITEMHEIGHT, 0, 0));
+    const auto move = [&] {
+        SetWindowPos(window(), nullptr, at.left, at.top, at.right - at.left,
+                     height + (kShownItems * listEntry) + 2, SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    move();
+    // The closed height is that of an entry and the system's own border, which only shows now.
     RECT now{};
     GetWindowRect(window(), &now);
-    const int border = now.bottom > now.top ? now.bottom - now.top - entry : 6;
-    native(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - border);
-    const auto listEntry = static_cast<int>(native(CB_GETITEMHEIGHT, 0, 0));
-    SetWindowPos(window(), nullptr, at.left, at.top, at.right - at.left,
-                 height + (kShownItems * listEntry) + 2, SWP_NOZORDER | SWP_NOACTIVATE);
+    const auto entry = static_cast<int>(native(CB_GETITEMHEIGHT, kClosedEntry, 0));
+    native(CB_SETITEMHEIGHT, kClosedEntry, entry + height - (now.bottom - now.top));
+    move();
     form().toolTips.update(*this);
 }
 

@@ -399,7 +399,12 @@ void Win32Form::dpiChanged(WPARAM dpi, const RECT& suggested) {
 
 std::optional<LRESULT> Win32Form::windowMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
-    case WM_CLOSE: close(); return 0;
+    case WM_CLOSE:
+        // While a box or a dialog is open, another program's wish to close has to wait.
+        if (IsWindowEnabled(core_.window())) {
+            close();
+        }
+        return 0;
     case WM_ENDSESSION:
         if (first) {
             close(); // the position is saved and the components are let go, as ever

@@ -1,5 +1,6 @@
 #include "platform/win32/Win32TextBox.h"
 
+#include "platform/win32/CentredLine.h"
 #include "platform/win32/Clipboard.h"
 
 #include <algorithm>
@@ -130,6 +131,11 @@ std::uint32_t Win32TextBox::setWindowStyle(std::uint32_t style) {
         SetWindowLongA(window(), GWL_STYLE, static_cast<LONG>(style)));
 }
 
+void Win32TextBox::colourChanged() {
+    ControlOf::colourChanged();
+    RedrawWindow(window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE);
+}
+
 void Win32TextBox::lockedChanged() {
     native(EM_SETREADONLY, locked_, 0);
 }
@@ -206,6 +212,17 @@ LRESULT Win32TextBox::handle(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return keyDown(message, first, second);
+    case WM_NCCALCSIZE: {
+        const LRESULT answer = ControlOf::handle(message, first, second);
+        // The rectangle stands first in either form of the message.
+        centreLine(window(), *reinterpret_cast<RECT*>(second)); // NOLINT(performance-no-int-to-ptr)
+        return answer;
+    }
+    case WM_NCPAINT: {
+        const LRESULT answer = ControlOf::handle(message, first, second);
+        paintAroundLine(window(), backBrush());
+        return answer;
+    }
     case WM_PASTE: insertPasted(); return 0;
     case WM_CUT:
     case WM_CLEAR:

@@ -27,6 +27,7 @@ public:
 protected:
     LRESULT handle(UINT message, WPARAM first, LPARAM second) override;
     void lockedChanged() override;
+    void colourChanged() override;
 
 private:
     static constexpr int kDefaultMaxLength = 32'767;
