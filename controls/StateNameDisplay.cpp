@@ -14,12 +14,19 @@ void StateNameDisplay::show() noexcept {
     try {
         showName();
     } catch (...) {
-        const Error error = currentError();
+        reportFailure(currentError());
+    }
+}
+
+void StateNameDisplay::reportFailure(const Error& error) noexcept {
+    try {
         messageBoxes_.show({.text = "There was an error populating the state choice box. \n\n"
                                     "Error = " +
                                     std::to_string(error.number()) + ", " + error.description() +
                                     ".",
                             .title = "Load Controls Error"});
+    } catch (...) {
+        // A box that cannot be shown leaves the operator with the list as it is.
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/Error.h"
 #include "platform/MessageBox.h"
 #include "platform/ProgramFacts.h"
 
@@ -21,6 +22,7 @@ public:
 
 private:
     void showName();
+    void reportFailure(const Error& error) noexcept;
 
     ProgramFacts& program_;
     MessageBoxes& messageBoxes_;

@@ -14,17 +14,16 @@ bool ValidateCardNumber(const Desktop& desktop, const SecretText& pan) {
         if (checker.CheckCardNumber(pan)) {
             return true;
         }
+        desktop.messageBoxes.show({.text = "The credit card number contains errors.\r\n\r\n"
+                                           "Correct the card number to continue.",
+                                   .title = "Invalid Card Number"});
     } catch (...) {
         const Error error = currentError();
         desktop.messageBoxes.show(
             {.text = "There was an error validating the credit card number.\r\n\r\nError: " +
                      std::to_string(error.number()) + " ," + error.description(),
              .title = error.source() + ":ValidateCardNumber"});
-        return false;
     }
-    desktop.messageBoxes.show({.text = "The credit card number contains errors.\r\n\r\n"
-                                       "Correct the card number to continue.",
-                               .title = "Invalid Card Number"});
     return false;
 }
 

@@ -65,6 +65,7 @@ void ChargeInfo::SetTransType(int type) {
 
 void ChargeInfo::LayoutForType() {
     layOutForType(controls_, transType_);
+    money_.recolour();
     applySwipeHold();
 }
 
@@ -105,9 +106,11 @@ void ChargeInfo::EnableForm(bool enable) noexcept {
         controls_.cmdSubmit.setEnabled(enable);
         controls_.cmdModify.setEnabled(enable);
         controls_.cmdCancel.setEnabled(enable);
-        if (enable && transType_ >= 0 && transType_ < transtype::count) {
+        if (transType_ >= 0 && transType_ < transtype::count) {
             const Raised restoring(restoringType_);
             controls_.optTransType[static_cast<std::size_t>(transType_)]->select();
+        }
+        if (enable) {
             LayoutForType();
         }
     } catch (...) {
@@ -121,7 +124,9 @@ void ChargeInfo::ShowStatus(const std::string& text) {
 }
 
 bool ChargeInfo::ValidateTransaction() {
-    return Validation(desktop_, controls_, components_.charge()).ValidateTransaction();
+    // A reference of its own: the form may be closed while a question is open.
+    ChargeComponent charge = components_.charge();
+    return Validation(desktop_, controls_, charge).ValidateTransaction();
 }
 
 bool ChargeInfo::WriteZendaRecord() {
@@ -169,8 +174,9 @@ void ChargeInfo::txtCardNumber_Validate(bool& cancel) {
     if (pan.empty() || (transType_ == transtype::refund && pan.size() == kLastDigits)) {
         return;
     }
-    if (!ValidateCardNumber(desktop_, pan)) {
-        cancel = true;
+    cancel = true; // also when the question itself fails
+    cancel = !ValidateCardNumber(desktop_, pan);
+    if (cancel) {
         SelectAllText(desktop_.mouse, controls_.txtCardNumber, false);
     }
 }

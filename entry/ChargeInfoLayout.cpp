@@ -81,6 +81,12 @@ constexpr ControlDescription hidden(ControlDescription control) {
     return control;
 }
 
+/// Never refused by the field that the operator leaves: the way out stays open.
+constexpr ControlDescription unvalidated(ControlDescription control) {
+    control.causesValidation = false;
+    return control;
+}
+
 constexpr ControlDescription tagged(ControlDescription control, std::string_view tag) {
     control.tag = tag;
     return control;
@@ -169,8 +175,8 @@ constexpr std::array kControls{
 
     captioned(button, "cmdSubmit", "&Submit", {kRight + 12, kButtonTop, 108, 28},
               "Send the transaction to the card processor"),
-    captioned(button, "cmdCancel", "Cancel", {kRight + 128, kButtonTop, 92, 28},
-              "Close the program"),
+    unvalidated(captioned(button, "cmdCancel", "Cancel", {kRight + 128, kButtonTop, 92, 28},
+                          "Close the program")),
     tagged(captioned(button, "cmdModify", "Con&figure", {kRight + 228, kButtonTop, 92, 28},
                      "Change the gateway or its settings"),
            kNoFocus),

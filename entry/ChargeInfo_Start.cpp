@@ -213,9 +213,11 @@ void ChargeInfo::Form_Activate() {
 }
 
 void ChargeInfo::Form_Unload() {
-    if (!components_.skipPosition && form_->windowState() == WindowState::normal) {
-        AppProperties(desktop_).SaveWindowPosition(form_->left(), form_->top());
-    }
+    guard("There was an error storing the position of the form.", [this] {
+        if (!components_.skipPosition && form_->windowState() == WindowState::normal) {
+            AppProperties(desktop_).SaveWindowPosition(form_->left(), form_->top());
+        }
+    });
     charge_ = nullptr;
     for (TextBox* secret : {&controls_.txtCardNumber, &controls_.txtCardCode,
                             &controls_.txtMagStripe, &controls_.txtKbBuffer}) {
@@ -241,12 +243,12 @@ void ChargeInfo::cmdModify_Click() {
 }
 
 void ChargeInfo::mnu_PGateway_Click() {
-    components_.charge().ConfigureGateway();
+    ChargeComponent(components_.charge()).ConfigureGateway();
     Form_Activate();
 }
 
 void ChargeInfo::mnu_PSettings_Click() {
-    components_.charge().ConfigureSettings();
+    ChargeComponent(components_.charge()).ConfigureSettings();
 }
 
 void ChargeInfo::returnFocusFrom(Control& left) {

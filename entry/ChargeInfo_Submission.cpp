@@ -77,7 +77,7 @@ void ChargeInfo::submit() {
 }
 
 bool ChargeInfo::runOperation(std::string_view& operationName) {
-    ChargeComponent& charge = components_.charge();
+    ChargeComponent charge = components_.charge();
     switch (transType_) {
     case transtype::charge:
         if (controls_.chkVoiceAuth.checked()) {
@@ -97,7 +97,7 @@ bool ChargeInfo::runOperation(std::string_view& operationName) {
 }
 
 void ChargeInfo::reportFailure(std::string_view operationName) {
-    ChargeComponent& charge = components_.charge();
+    ChargeComponent charge = components_.charge();
     const std::int32_t response = charge.ResponseCode();
     const std::int32_t reason = charge.ResponseReasonCode();
     const std::string detail =
@@ -111,12 +111,15 @@ void ChargeInfo::reportFailure(std::string_view operationName) {
 }
 
 void ChargeInfo::completeApproval(std::string_view operationName) {
-    ChargeComponent& charge = components_.charge();
+    ChargeComponent charge = components_.charge();
     SetTransactionApproved(true);
     const std::string approval = charge.ApprovalCode();
     const std::string transactionId = charge.TransactionID();
     controls_.txtAuthNum.setText(approval);
     controls_.txtTransactionNumber.setText(transactionId);
+    // No longer needed by anybody; the number itself stays to be seen until the next entry.
+    controls_.txtMagStripe.wipeText();
+    controls_.txtCardCode.wipeText();
     const std::string detail = textLine("Aproval code:", approval) +
                                textLine("Transaction ID:", transactionId) +
                                charge.ResponseReasonText();

@@ -38,7 +38,11 @@ bool isColourCommand(int keyCode, int shift) {
 }
 
 void paintRandomColours(Form& form, RandomNumbers& random) noexcept {
-    random.seedFromClock();
+    try {
+        random.seedFromClock();
+    } catch (...) {
+        // Unseeded colours are as good as others.
+    }
     forEachPainted(form, [&](Control& control) {
         control.setForeColour(randomColour(random));
         control.setBackColour(randomColour(random));

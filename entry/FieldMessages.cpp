@@ -6,7 +6,11 @@ bool refuse(MessageBoxes& messageBoxes, Control& field, std::string_view title,
             std::string_view problem, std::string_view remedy) {
     messageBoxes.show({.text = std::string(problem) + "\r\n\r\n" + std::string(remedy),
                        .title = std::string(title)});
-    field.setFocus();
+    try {
+        field.setFocus();
+    } catch (...) {
+        // A field that cannot be used now leaves the focus where it is.
+    }
     return false;
 }
 

@@ -52,8 +52,14 @@ void MoneyBoxes::showSign(TextBox& box, Money value) {
 void MoneyBoxes::recolour() {
     const MoneyStyle style = moneyStyle(desktop_.locale);
     for (TextBox* box : {&controls_.txtAmount, &controls_.txtTaxAmount}) {
-        if (box->enabled()) {
+        if (!box->enabled() || box->hasFocus()) {
+            continue;
+        }
+        try {
             showSign(*box, moneyFromText(box->text(), style));
+        } catch (const Error&) {
+            // A text that is no amount has no sign; submission will say so.
+            showSign(*box, Money());
         }
     }
 }

@@ -45,7 +45,10 @@ void clearEntry(const Desktop& desktop, ChargeInfoControls& controls) {
           &controls.txtInvoiceNumber, &controls.txtPONumber}) {
         box->setText("");
     }
-    controls.cboBillToState.setListIndex(-1);
+    // The next customer's card must not inherit this one's expiry.
+    for (ComboBox* box : {&controls.cboBillToState, &controls.cboExpMonth, &controls.cboExpYear}) {
+        box->setListIndex(-1);
+    }
     setMoneyToZero(desktop, controls);
     controls.chkVoiceAuth.setChecked(false);
     offerInvoiceNumber(desktop, controls);

@@ -73,7 +73,12 @@ void ChargeComponent::SetAmount(Money amount) {
 }
 
 SecretText ChargeComponent::CardNumber() const {
-    return asSecret(component_->get("CardNumber"));
+    Variant answer = component_->get("CardNumber");
+    SecretText pan = asSecret(answer);
+    if (auto* text = std::get_if<std::string>(&answer)) {
+        wipe(*text);
+    }
+    return pan;
 }
 void ChargeComponent::SetCardNumber(const SecretText& pan) {
     component_->put("CardNumber", pan);

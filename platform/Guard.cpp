@@ -7,7 +7,12 @@ void guarded(MessageBoxes& messageBoxes, std::string_view sentence,
     try {
         handler();
     } catch (...) {
-        messageBoxes.show({.text = failureText(sentence, currentError())});
+        const Error error = currentError();
+        try {
+            messageBoxes.show({.text = failureText(sentence, error)});
+        } catch (...) {
+            // A box that cannot be shown leaves the operator with the form as it is.
+        }
     }
 }
 

@@ -32,7 +32,8 @@ std::string withoutPiece(std::string_view text, std::string_view piece) {
 }
 
 std::string zeroPadded(long number, int digits) {
-    const std::string figures = std::to_string(number < 0 ? -number : number);
+    const long long wide = number; // its smallest value has no positive twin
+    const std::string figures = std::to_string(wide < 0 ? -wide : wide);
     const std::size_t wanted = static_cast<std::size_t>(digits);
     const std::string padding(figures.size() < wanted ? wanted - figures.size() : 0, '0');
     return (number < 0 ? "-" : "") + padding + figures;

@@ -46,16 +46,20 @@ void save(const Desktop& desktop, const Switch& setting, bool value) {
                                         std::string(setting.valueName), value);
 }
 
+void report(MessageBoxes& messageBoxes, std::string_view sentence, const Error& error) noexcept {
+    try {
+        messageBoxes.show({.text = failureText(sentence, error), .title = error.source()});
+    } catch (...) {
+        // The caller learns nothing of a failed save, and no more of a box that cannot be shown.
+    }
+}
+
 template <class Kind, class Value>
 void store(const Desktop& desktop, const Setting<Kind>& setting, const Value& value) {
     try {
         save(desktop, setting, value);
     } catch (...) {
-        const Error error = currentError();
-        Message message;
-        message.text = failureText(setting.failure, error);
-        message.title = error.source();
-        desktop.messageBoxes.show(message);
+        report(desktop.messageBoxes, setting.failure, currentError());
     }
 }
 

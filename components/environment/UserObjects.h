@@ -50,6 +50,8 @@ void give(IDispatch** out, com::ComPtr<IDispatch> object);
 
 template <class Object, class... Arguments>
 void giveObject(IDispatch** out, Arguments&&... arguments) {
+    if (out != nullptr)
+        *out = nullptr;
     give(out, com::ComPtr<IDispatch>(
                   com::makeObject<Object>(std::forward<Arguments>(arguments)...).release()));
 }

@@ -89,12 +89,12 @@ void Win32ComboBox::place() {
         SetWindowPos(window(), nullptr, at.left, at.top, at.right - at.left,
                      height + (kShownItems * listEntry) + 2, SWP_NOZORDER | SWP_NOACTIVATE);
     };
-    move();
     // The closed height is that of an entry and the system's own border, which only shows now.
+    native(CB_SETITEMHEIGHT, kClosedEntry, height);
+    move();
     RECT now{};
     GetWindowRect(window(), &now);
-    const auto entry = static_cast<int>(native(CB_GETITEMHEIGHT, kClosedEntry, 0));
-    native(CB_SETITEMHEIGHT, kClosedEntry, entry + height - (now.bottom - now.top));
+    native(CB_SETITEMHEIGHT, kClosedEntry, 2 * height - (now.bottom - now.top));
     move();
     form().toolTips.update(*this);
 }

@@ -15,7 +15,8 @@ std::uint32_t Win32Locale::userDefault() {
 }
 
 int Win32Locale::info(std::uint32_t locale, std::uint32_t item, char* buffer, int size) {
-    return GetLocaleInfoA(locale, item, buffer, size);
+    // In the code page of the process, which is the one that the program's texts are in.
+    return GetLocaleInfoA(locale, item | LOCALE_USE_CP_ACP, buffer, size);
 }
 
 DateTime Win32Clock::now() {

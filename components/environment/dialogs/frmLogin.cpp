@@ -128,11 +128,22 @@ void frmLogin::manageOperators() {
     });
     if (!answer.succeeded)
         return;
+    struct SigningOut {
+        const HostDataClient& server;
+        const std::wstring& token;
+        ~SigningOut() {
+            try {
+                server.signOut(token);
+            } catch (...) {
+                // The server ends the session by itself.
+            }
+        }
+    };
+    const SigningOut signingOut{server, answer.token};
     if (server.hasPrivilege(answer.token, privilege::manageOperators))
         frmOperators(server, answer.token).run(window());
     else
         setText(lblMessage, "You do not have the privilege to manage operators.");
-    server.signOut(answer.token);
     focus(txtPassword);
 }
 

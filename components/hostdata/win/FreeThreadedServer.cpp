@@ -48,7 +48,7 @@ class OfferedClasses {
 public:
     explicit OfferedClasses(const com::ServerClasses& server) {
         for (const com::ServerClass& each : server.classes) {
-            com::ComPtr<com::ClassFactory> factory(new com::ClassFactory(each));
+            const auto factory = com::makeObject<com::ClassFactory>(each);
             DWORD cookie = 0;
             com::check(CoRegisterClassObject(*each.classId, factory.get(), CLSCTX_LOCAL_SERVER,
                                              REGCLS_MULTIPLEUSE | REGCLS_SUSPENDED, &cookie));

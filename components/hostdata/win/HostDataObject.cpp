@@ -26,8 +26,20 @@ OperatorService& operators() {
 HRESULT HostDataObject::SafeCreateObj(LONG kind, IDispatch** object) {
     return serve([&] {
         requireKnownKind(kind);
-        giveObject<PaymentRecordObject>(object, std::string());
+        giveObject<PaymentRecordObject>(object, signedInOperator());
     });
+}
+
+std::string HostDataObject::signedInOperator() {
+    const std::lock_guard lock(mutex_);
+    if (token_.empty())
+        return {};
+    try {
+        return operators().signedIn(token_).userName;
+    } catch (const HostDataError&) {
+        // A payment is recorded all the same when the operator's session has ended meanwhile.
+        return {};
+    }
 }
 
 HRESULT HostDataObject::CreateDataObject(LONG kind, BSTR token, IDispatch** object) {
@@ -61,12 +73,22 @@ HRESULT HostDataObject::CreateFirstOperator(BSTR first, BSTR last, BSTR userName
 HRESULT HostDataObject::SignIn(BSTR userName, BSTR password, IDispatch** answer) {
     return serve([&] {
         const Secret secret = takeSecret(password);
-        giveObject<SignInAnswerObject>(answer, operators().signIn(utf8(userName), secret));
+        const SignInAnswer outcome = operators().signIn(utf8(userName), secret);
+        if (!outcome.token.empty()) {
+            const std::lock_guard lock(mutex_);
+            token_ = outcome.token;
+        }
+        giveObject<SignInAnswerObject>(answer, outcome);
     });
 }
 
 HRESULT HostDataObject::SignOut(BSTR token) {
-    return serve([&] { operators().signOut(utf8(token)); });
+    return serve([&] {
+        operators().signOut(utf8(token));
+        const std::lock_guard lock(mutex_);
+        if (token_ == utf8(token))
+            token_.clear();
+    });
 }
 
 HRESULT HostDataObject::HasPrivilege(BSTR token, LONG number, VARIANT_BOOL* held) {

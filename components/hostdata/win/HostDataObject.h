@@ -4,6 +4,9 @@
 #include "HostData.h"
 #include "components/hostdata/win/HostObject.h"
 
+#include <mutex>
+#include <string>
+
 namespace tollvane::hostdata {
 
 class HostDataObject final : public HostObject<IHostData> {
@@ -32,6 +35,13 @@ public:
     HRESULT STDMETHODCALLTYPE SetPrivilege(BSTR token, LONG id, LONG number,
                                            VARIANT_BOOL granted) override;
     HRESULT STDMETHODCALLTYPE ResetPassword(BSTR token, LONG id, BSTR password) override;
+
+private:
+    // User name of the operator whom this client signed in last; empty when nobody is signed in.
+    std::string signedInOperator();
+
+    std::mutex mutex_;
+    std::string token_;
 };
 
 } // namespace tollvane::hostdata

@@ -40,6 +40,7 @@ protected:
     static void giveObject(IDispatch** out, Arguments&&... arguments) {
         if (out == nullptr)
             com::throwFailure(E_POINTER);
+        *out = nullptr;
         *out = com::makeObject<Object>(std::forward<Arguments>(arguments)...).release();
     }
 };

@@ -56,9 +56,13 @@ void MemoryOptionButton::choose() {
     raise("Click", on.click);
 }
 
+void MemoryOptionButton::pressed() {
+    selected_ ? raise("Click", on.click) : choose();
+}
+
 void MemoryOptionButton::character(int ascii) {
     if (ascii == keycode::space) {
-        choose();
+        pressed();
     }
 }
 

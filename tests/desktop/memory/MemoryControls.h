@@ -39,7 +39,7 @@ public:
     using MemoryCaptioned::MemoryCaptioned;
     bool selected() const override { return selected_; }
     void select() override;
-    void pressed() override { choose(); }
+    void pressed() override;
     void character(int ascii) override;
     void command(int keyCode, int shift) override;
     void deselect() { selected_ = false; }
