@@ -69,7 +69,7 @@ public:
     virtual void planModal(std::function<void(Form& form)> plan) = 0;
 
     virtual void closeBox(Form& form) = 0;
-    /// Minimises, maximises or restores by the caption bar.
+    /// Minimises, maximises or restores the form, as a user or the window manager does.
     virtual void setWindowState(Form& form, WindowState state) = 0;
     /// Makes another program's window the active one, and comes back.
     /// Drags the lower right corner of a resizable form by so many design units.

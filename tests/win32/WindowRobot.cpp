@@ -214,6 +214,7 @@ Win32Form* WindowRobot::reach(Form& form) {
     if (!window.isOpen() || !IsWindowEnabled(window.window())) {
         return nullptr;
     }
+    inPopUp_ = false;
     if (GetActiveWindow() != window.window()) {
         comeBackTo(form);
     }
@@ -415,10 +416,10 @@ void WindowRobot::closeBox(Form& form) {
 
 void WindowRobot::setWindowState(Form& form, WindowState state) {
     if (const Win32Form* const reached = reach(form)) {
-        const WPARAM command = state == WindowState::minimised   ? SC_MINIMIZE
-                               : state == WindowState::maximised ? SC_MAXIMIZE
-                                                                 : SC_RESTORE;
-        PostMessageA(reached->window(), WM_SYSCOMMAND, command, 0);
+        const int command = state == WindowState::minimised   ? SW_MINIMIZE
+                            : state == WindowState::maximised ? SW_MAXIMIZE
+                                                              : SW_RESTORE;
+        ShowWindow(reached->window(), command);
         settle();
     }
 }
@@ -450,9 +451,10 @@ void WindowRobot::leaveForAnotherProgram() {
 
 void WindowRobot::comeBackTo(Form& form) {
     const HWND window = dynamic_cast<Win32Form&>(form).window();
-    SetForegroundWindow(window);
-    EXPECT_TRUE(waitUntil([window] { return GetActiveWindow() == window; }))
-        << "the form did not become the active window";
+    // Asked again and again: the window manager may be busy with the window that is left.
+    EXPECT_TRUE(waitUntil([window] {
+        return GetActiveWindow() == window || (SetForegroundWindow(window), false);
+    })) << "the form did not become the active window";
 }
 
 void WindowRobot::letTimePass(int milliseconds) {
