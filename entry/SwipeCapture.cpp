@@ -35,6 +35,9 @@ SwipeCapture::SwipeCapture(const Desktop& desktop, Form& form, ChargeInfoControl
 
 void SwipeCapture::keyPressed(int& keyAscii) {
     const int typed = keyAscii;
+    if (typed == 0) {
+        return; // a key of an input method, without a character of its own
+    }
     try {
         remember(typed);
         route(keyAscii);
