@@ -400,16 +400,6 @@ TEST_F(ClosingTheForm, StoresItsPosition) {
     EXPECT_EQ(stored("Y"), 750U);
 }
 
-TEST_F(ClosingTheForm, StoresNoPositionOfAMaximisedForm) {
-    till.desktop.robot->setWindowState(till.form(), WindowState::maximised);
-
-    till.desktop.robot->closeBox(till.form());
-
-    EXPECT_EQ(stored("X"), std::nullopt);
-    EXPECT_EQ(stored("Y"), std::nullopt);
-    EXPECT_EQ(till.desktop.charge.freed, 1);
-}
-
 TEST_F(ClosingTheForm, StoresNoPositionOfAMinimisedForm) {
     till.desktop.robot->setWindowState(till.form(), WindowState::minimised);
 

@@ -29,16 +29,16 @@ TEST_F(CardCode, WhenRequiredMustNotBeEmpty) {
                   "txtCardCode");
 }
 
-TEST_F(CardCode, IsRequiredWhereNothingWasStored) {
-    Till fresh;
-    fresh.open();
-    fresh.fillCharge();
-    fresh.enter("txtCardCode", "");
+class WhereNothingWasStored : public OpenTillTest {};
 
-    fresh.submit();
+TEST_F(WhereNothingWasStored, TheCardCodeIsRequired) {
+    till.fillCharge();
+    till.enter("txtCardCode", "");
 
-    EXPECT_EQ(fresh.boxes().at(0).title, "Required Field Missing");
-    EXPECT_EQ(fresh.focus(), "txtCardCode");
+    till.submit();
+
+    EXPECT_EQ(till.boxes().at(0).title, "Required Field Missing");
+    EXPECT_EQ(till.focus(), "txtCardCode");
 }
 
 TEST_F(CardCode, OfOneFigureIsRefused) {
