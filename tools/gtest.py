@@ -24,13 +24,13 @@ def run_all(build, tally, launcher=(), environment=None, shards=1):
         name = pathlib.Path(program).name
         print(f"-- {name}", flush=True)
         with tempfile.TemporaryDirectory() as folder:
-            processes = [start(program, launcher, environment, folder, shard, shards)
+            processes = [start(build, program, launcher, environment, folder, shard, shards)
                          for shard in range(shards)]
             for shard, process in enumerate(processes):
                 finish(name, process, pathlib.Path(folder) / f"{shard}.json", tally)
 
 
-def start(program, launcher, environment, folder, shard, shards):
+def start(build, program, launcher, environment, folder, shard, shards):
     """Starts one share of a program's cases."""
     report = os.path.join(folder, f"{shard}.json")
     if launcher:
@@ -40,7 +40,7 @@ def start(program, launcher, environment, folder, shard, shards):
         env={**(environment or os.environ), "GTEST_TOTAL_SHARDS": str(shards),
              "GTEST_SHARD_INDEX": str(shard)},
         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-        text=True, errors="replace")
+        text=True, errors="replace", cwd=build)
 
 
 def finish(name, process, report, tally):

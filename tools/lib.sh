@@ -8,7 +8,6 @@ fail() {
 
 build="$top/build"
 jobs=$(nproc)
-export CCACHE_BASEDIR=$top
 
 # configure PRESET: only when the preset has no build folder yet; ninja runs cmake again by itself.
 configure() {
