@@ -11,7 +11,6 @@ namespace tollvane {
 
 namespace {
 
-constexpr int kEnter = 13;
 constexpr std::size_t kExpiryLength = 4;
 
 void restart(Timer& timer, int interval) {

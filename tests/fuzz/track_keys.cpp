@@ -37,10 +37,10 @@ public:
         }
     }
     void remember(char character, std::uint64_t now) {
-        text += character;
-        const KeyboardBuffer::Answer answer = buffer.changed(text, now);
+        typed += character;
+        const KeyboardBuffer::Answer answer = buffer.changed(typed, now);
         if (answer.text) {
-            text = answer.text->view();
+            typed = answer.text->view();
         }
         if (!answer.track1.empty()) {
             bufferRecord = answer.track1;
@@ -51,7 +51,7 @@ public:
     SwipeParser parser{*this};
     FollowingTracks following;
     KeyboardBuffer buffer;
-    std::string text;
+    std::string typed;
     SecretText record;
     SecretText bufferRecord;
 };

@@ -1,6 +1,6 @@
-// A card swiped at the transaction form, and ordinary typing that begins like one.
+// A card swiped at the transaction form.
 
-#include "tests/scenarios/Till.h"
+#include "tests/scenarios/FieldsTest.h"
 
 namespace tollvane::test {
 namespace {
@@ -8,19 +8,9 @@ namespace {
 constexpr const char* kCard = "%B4111111111111111^SMITH/JOHN^2712101000000?";
 constexpr const char* kTrack2 = ";4111111111111111=27121010000000000?";
 constexpr const char* kTrack3 = "+014111111111111111=7247800=000000000?";
-/// Longer than any pause inside a reader's burst.
-constexpr int kAPause = 400;
 
-class FieldsSwipe : public OpenTillTest {
+class FieldsSwipe : public FieldsTest {
 protected:
-    void goTo(const char* control) {
-        till.form().find(control).setFocus();
-        ASSERT_EQ(till.focus(), control);
-    }
-    void type(std::string_view keys) { till.desktop.robot->typeText(keys); }
-    void pause() { till.desktop.robot->letTimePass(kAPause); }
-    int beeps() const { return till.desktop.beeper.beeps; }
-
     void expectTaken(const std::string& track = kCard) {
         EXPECT_EQ(till.text("txtCardNumber"), "4111111111111111");
         EXPECT_EQ(till.text("txtCardName"), "JOHN SMITH");
@@ -347,174 +337,6 @@ TEST_F(FieldsSwipe, IsTakenForARefundAndAVoidToo) {
         expectTaken();
         EXPECT_FALSE(till.box("txtCardCode").enabled());
     }
-}
-
-// Ordinary typing.
-
-struct Typing {
-    const char* name;
-    std::string keys;
-};
-
-void PrintTo(const Typing& typing, std::ostream* out) {
-    *out << typing.name;
-}
-
-class FieldsTyping : public FieldsSwipe, public ::testing::WithParamInterface<Typing> {};
-
-TEST_P(FieldsTyping, StaysWhereItWasTyped) {
-    for (const char* field : {"txtDescription", "txtEMail", "txtPONumber"}) {
-        goTo(field);
-        till.box(field).setText("");
-
-        type(GetParam().keys);
-        till.desktop.robot->tab();
-
-        EXPECT_EQ(till.text(field), GetParam().keys);
-    }
-    EXPECT_EQ(till.text("txtCardNumber"), "");
-}
-
-TEST_P(FieldsTyping, AppearsByItselfAfterAMoment) {
-    goTo("txtDescription");
-
-    type(GetParam().keys);
-    pause();
-
-    EXPECT_EQ(till.text("txtDescription"), GetParam().keys);
-    EXPECT_EQ(till.focus(), "txtDescription");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Of, FieldsTyping,
-    ::testing::Values(Typing{"PercentSign", "10%"}, Typing{"PercentAndLetter", "10%off"},
-                      Typing{"PercentAndBlank", "10% off"}, Typing{"PercentAlone", "%"},
-                      Typing{"TwoPercents", "%%x"}, Typing{"ManyPercents", "%%%%"},
-                      Typing{"PercentAndSmallB", "%b"}, Typing{"PercentAndSemicolon", "%;%+%"},
-                      Typing{"Semicolon", "one; two"}, Typing{"SemicolonAtTheEnd", "one;"},
-                      Typing{"SemicolonAndDigits", "bolt;12"}, Typing{"Plus", "1+1=2"},
-                      Typing{"PlusAtTheEnd", "1+"}, Typing{"Telephone", "+1 555 0100"},
-                      Typing{"Question", ";really?"}, Typing{"Smileys", ";-) +;+ ;?"}),
-    [](const auto& row) { return std::string(row.param.name); });
-
-TEST_F(FieldsSwipe, EveryLetterButBKeepsItsPercentSign) {
-    goTo("txtDescription");
-    for (int letter = 'A'; letter <= 'Z'; ++letter) {
-        if (letter == 'B') {
-            continue;
-        }
-        const std::string typed = std::string("%") + static_cast<char>(letter);
-        till.box("txtDescription").setText("");
-        type(typed);
-        EXPECT_EQ(till.text("txtDescription"), typed);
-    }
-}
-
-TEST_F(FieldsSwipe, APercentSignGoesWhereTheCaretIs) {
-    goTo("txtDescription");
-    till.enter("txtDescription", "abcd");
-    till.box("txtDescription").select(2, 0);
-
-    type("%x");
-
-    EXPECT_EQ(till.text("txtDescription"), "ab%xcd");
-    EXPECT_EQ(till.box("txtDescription").selStart(), 4);
-}
-
-TEST_F(FieldsSwipe, APercentSignReplacesTheSelection) {
-    goTo("txtDescription");
-    till.enter("txtDescription", "abcd");
-    till.box("txtDescription").select(1, 2);
-
-    type("%x");
-
-    EXPECT_EQ(till.text("txtDescription"), "a%xd");
-}
-
-TEST_F(FieldsSwipe, ASemicolonReplacesTheSelectionToo) {
-    goTo("txtDescription");
-    till.enter("txtDescription", "abcd");
-    till.box("txtDescription").select(0, 4);
-
-    type(";5 ");
-
-    EXPECT_EQ(till.text("txtDescription"), ";5 ");
-}
-
-TEST_F(FieldsSwipe, BackspaceTakesBackAPercentSign) {
-    goTo("txtDescription");
-
-    type("10%\b");
-
-    EXPECT_EQ(till.text("txtDescription"), "10");
-}
-
-TEST_F(FieldsSwipe, AnArrowKeyFindsThePercentSignInItsPlace) {
-    goTo("txtDescription");
-
-    type("ab%");
-    till.desktop.robot->key(keycode::left);
-    type("x");
-
-    EXPECT_EQ(till.text("txtDescription"), "abx%");
-}
-
-TEST_F(FieldsSwipe, PastedTextFollowsThePercentSign) {
-    goTo("txtDescription");
-    type("10%");
-
-    till.desktop.robot->paste(" off");
-
-    EXPECT_EQ(till.text("txtDescription"), "10% off");
-}
-
-TEST_F(FieldsSwipe, AFullFieldTakesNoPercentSign) {
-    goTo("txtDescription");
-    till.enter("txtDescription", "abc");
-    till.box("txtDescription").setMaxLength(3);
-    till.box("txtDescription").select(3, 0);
-
-    type("%x");
-
-    EXPECT_EQ(till.text("txtDescription"), "abc");
-}
-
-TEST_F(FieldsSwipe, WhatIsGivenBackPassesTheFieldsOwnFilters) {
-    goTo("txtCardNumber");
-    type("%4;1+1x");
-    EXPECT_EQ(till.text("txtCardNumber"), "411");
-
-    goTo("txtAmount");
-    type("1%;2");
-    pause();
-    EXPECT_EQ(till.text("txtAmount"), "12");
-
-    goTo("txtCardName");
-    type("a%b;c");
-    EXPECT_EQ(till.text("txtCardName"), "A%B;C");
-}
-
-TEST_F(FieldsSwipe, APercentSignOnAButtonIsNobodys) {
-    goTo("cmdSubmit");
-    type("%;");
-    goTo("txtDescription");
-
-    type("x");
-    pause();
-
-    EXPECT_EQ(till.text("txtDescription"), "x");
-    EXPECT_TRUE(till.operations().empty());
-}
-
-TEST_F(FieldsSwipe, AProperCaseFieldTakesAPercentSignAsAnyOtherCharacter) {
-    till.desktop.registry.addNumber(
-        "HKEY_LOCAL_MACHINE\\Software\\Norrow Programs\\Tollvane\\Options", "FormatType", 3);
-    till.program().ApplyAutoFormat();
-    goTo("txtDescription");
-
-    type("ten % off; cash");
-
-    EXPECT_EQ(till.text("txtDescription"), "Ten % Off; Cash");
 }
 
 TEST_F(FieldsSwipe, TrackTwoIsForgottenAfterTwoSeconds) {

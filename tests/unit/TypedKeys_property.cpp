@@ -10,9 +10,6 @@
 #include <rapidcheck.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
 
@@ -120,22 +117,6 @@ TEST(TypedKeysProperty, ACleanSwipeIsTakenAfterAnything) {
         machines.type(*anyKeys());
         expectCleanSwipeIsTaken(machines);
     });
-}
-
-TEST(TypedKeysCorpus, ACleanSwipeIsTakenAfterWhatTheFuzzerFound) {
-    const std::filesystem::path folder =
-        std::filesystem::path(__FILE__).parent_path().parent_path() / "fuzz/corpus/track_keys";
-    int played = 0;
-    for (const auto& file : std::filesystem::directory_iterator(folder)) {
-        std::ifstream in(file.path(), std::ios::binary);
-        Machines machines;
-        machines.type(std::string{std::istreambuf_iterator<char>(in), {}});
-        machines.type(kCard);
-        EXPECT_EQ(machines.record, kCard) << file.path().filename();
-        EXPECT_EQ(machines.bufferTrack, kCard) << file.path().filename();
-        ++played;
-    }
-    EXPECT_GT(played, 0) << "no corpus in " << folder;
 }
 
 TEST(TypedKeysProperty, ASwipeLeavesNothingBehindInAnyField) {
