@@ -73,7 +73,7 @@ bool KeyRouting::raiseKeyDown(NativeControl* target, WPARAM& key) {
 }
 
 void KeyRouting::character(NativeControl* target, WPARAM character, LPARAM info) {
-    if (form_.ui().takeDroppedKey() || character == '\t') {
+    if (form_.ui().takeDroppedKey() || character == '\t' || character == 0) {
         return;
     }
     int code = static_cast<unsigned char>(character);

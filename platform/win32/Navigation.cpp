@@ -124,11 +124,14 @@ bool Navigation::accessKey(char letter) const {
     if (!owner) {
         return false;
     }
-    NativeControl& target = owner->takesFocus() ? *owner : *nextFocusable(*owner);
-    const bool arrived = form_.focus.leaveTo(target);
-    const bool pressedAnyway = form_.focus.wasSentBack() && target.kind() == ControlKind::button;
-    if ((arrived || pressedAnyway) && &target == owner && target.canTakeFocus()) {
-        target.press();
+    NativeControl* const target = owner->takesFocus() ? owner : nextFocusable(*owner);
+    if (!target) {
+        return false;
+    }
+    const bool arrived = form_.focus.leaveTo(*target);
+    const bool pressedAnyway = form_.focus.wasSentBack() && target->kind() == ControlKind::button;
+    if ((arrived || pressedAnyway) && target == owner && target->canTakeFocus()) {
+        target->press();
     }
     return true;
 }

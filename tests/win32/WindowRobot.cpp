@@ -1,12 +1,14 @@
 #include "tests/win32/WindowRobot.h"
 
 #include "platform/win32/MessagePump.h"
+#include "platform/win32/SystemText.h"
 #include "tests/desktop/FakeClock.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cstring>
 
 namespace tollvane::test {
@@ -192,7 +194,11 @@ void WindowRobot::actInPopUp(HWND owner) {
 }
 
 void WindowRobot::settle() {
-    while (win32::pumpWaiting(forms_.ui())) {
+    // Timers run only while time is let pass, however long the machine takes over a key.
+    MSG message{};
+    while (PeekMessageA(&message, nullptr, 0, WM_TIMER - 1, PM_REMOVE) ||
+           PeekMessageA(&message, nullptr, WM_TIMER + 1, UINT_MAX, PM_REMOVE)) {
+        win32::dispatch(forms_.ui(), message);
     }
 }
 
@@ -241,9 +247,8 @@ void WindowRobot::stroke(int keyCode, int shift) {
 }
 
 void WindowRobot::inputMethod(char character) {
-    const HWND target = GetFocus();
-    PostMessageA(target, WM_KEYDOWN, VK_PACKET, 1);
-    PostMessageA(target, WM_CHAR, static_cast<unsigned char>(character), 1);
+    const std::wstring wide = win32::widened({&character, 1});
+    PostMessageA(GetFocus(), WM_KEYDOWN, VK_PACKET, MAKELPARAM(1, wide.front()));
     settle();
 }
 
@@ -460,10 +465,10 @@ void WindowRobot::comeBackTo(Form& form) {
 void WindowRobot::letTimePass(int milliseconds) {
     const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(milliseconds);
     clock_.advance(static_cast<std::uint64_t>(milliseconds));
-    settle();
+    win32::pumpWaiting(forms_.ui());
     for (std::uint64_t now = GetTickCount64(); now < end; now = GetTickCount64()) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
-        settle();
+        win32::pumpWaiting(forms_.ui());
     }
 }
 
