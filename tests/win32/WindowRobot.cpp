@@ -14,7 +14,6 @@
 namespace tollvane::test {
 
 using win32::Win32Form;
-using win32::Win32MenuItem;
 
 namespace {
 
@@ -22,17 +21,8 @@ constexpr UINT kWatchInterval = 10;       // milliseconds
 constexpr std::uint64_t kPatience = 5000; // milliseconds until a state must have come
 constexpr BYTE kKeyIsDown = 0x80;
 
-Win32Form* formOf(HWND window) {
-    return reinterpret_cast<Win32Form*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-}
-
 win32::NativeControl& nativeOf(Control& control) {
     return dynamic_cast<win32::NativeControl&>(control);
-}
-
-/// What the keyboard sends along with a key that goes down once.
-LPARAM keyInfo(UINT key) {
-    return static_cast<LPARAM>(1U | MapVirtualKeyA(key, MAPVK_VK_TO_VSC) << 16);
 }
 
 LPARAM at(POINT place) {
@@ -64,58 +54,6 @@ private:
     State before_{};
 };
 
-Win32MenuItem* menuItem(const Win32Form& form, std::string_view name) {
-    const auto& items = form.menus().items();
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [name](const auto& item) { return item->name() == name; });
-    return found == items.end() ? nullptr : found->get();
-}
-
-/// The item that opens the menu in which `item` stands, or null.
-Win32MenuItem* parentOf(const Win32Form& form, const Win32MenuItem& item) {
-    for (const auto& candidate : form.menus().items()) {
-        const auto& children = candidate->children;
-        if (std::find(children.begin(), children.end(), &item) != children.end()) {
-            return candidate.get();
-        }
-    }
-    return nullptr;
-}
-
-/// What the system's own menu says of an entry; nothing when it is not in the menu.
-std::optional<UINT> shownState(HMENU menu, UINT id) {
-    MENUITEMINFOA info{};
-    info.cbSize = sizeof info;
-    info.fMask = MIIM_STATE | MIIM_ID;
-    for (int place = 0; place < GetMenuItemCount(menu); ++place) {
-        if (GetMenuItemInfoA(menu, static_cast<UINT>(place), TRUE, &info) && info.wID == id) {
-            return info.fState;
-        }
-    }
-    return std::nullopt;
-}
-
-bool canBeChosen(HMENU menu, UINT id) {
-    const auto state = shownState(menu, id);
-    return state && !(*state & MFS_DISABLED);
-}
-
-/// How often the down key is pressed in the open menu until the entry is reached.
-int stepsTo(HMENU menu, UINT id) {
-    int steps = 0;
-    MENUITEMINFOA info{};
-    info.cbSize = sizeof info;
-    info.fMask = MIIM_FTYPE | MIIM_ID;
-    for (int place = 0; place < GetMenuItemCount(menu); ++place) {
-        GetMenuItemInfoA(menu, static_cast<UINT>(place), TRUE, &info);
-        steps += info.fType & MFT_SEPARATOR ? 0 : 1;
-        if (info.wID == id) {
-            break;
-        }
-    }
-    return steps;
-}
-
 std::optional<POINT> backgroundOf(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
@@ -138,6 +76,14 @@ WindowRobot::WindowRobot(WindowForms& forms, FakeClock& clock)
 }
 
 WindowRobot::~WindowRobot() = default;
+
+Win32Form* WindowRobot::formOf(HWND window) {
+    return reinterpret_cast<Win32Form*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+}
+
+LPARAM WindowRobot::keyInfo(UINT key) {
+    return static_cast<LPARAM>(1U | MapVirtualKeyA(key, MAPVK_VK_TO_VSC) << 16);
+}
 
 void CALLBACK WindowRobot::rang(HWND window, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
     reinterpret_cast<WindowRobot*>(GetWindowLongPtrA(window, GWLP_USERDATA))->lookAround();
@@ -176,21 +122,6 @@ void WindowRobot::followModalPlan(Form& form) {
     }
     form.close();
     --modalsFollowed_;
-}
-
-void WindowRobot::actInPopUp(HWND owner) {
-    const Win32Form& form = *formOf(owner);
-    const std::string planned = std::exchange(popUpPlan_, {});
-    Win32MenuItem* const item = planned.empty() ? nullptr : menuItem(form, planned);
-    const Win32MenuItem* const parent = item ? parentOf(form, *item) : nullptr;
-    if (!parent || !canBeChosen(parent->opens(), item->id())) {
-        PostMessageA(owner, WM_KEYDOWN, VK_ESCAPE, 0);
-        return;
-    }
-    for (int step = stepsTo(parent->opens(), item->id()); step > 0; --step) {
-        PostMessageA(owner, WM_KEYDOWN, VK_DOWN, keyInfo(VK_DOWN));
-    }
-    PostMessageA(owner, WM_KEYDOWN, VK_RETURN, keyInfo(VK_RETURN));
 }
 
 void WindowRobot::settle() {
@@ -366,46 +297,6 @@ void WindowRobot::paste(std::string_view text) {
 void WindowRobot::pasteWithKeys(std::string_view text) {
     fillClipboard(text);
     stroke('V', shiftmask::control);
-}
-
-bool WindowRobot::openMenusAbove(const Win32Form& form, const Win32MenuItem& item) {
-    Win32MenuItem* const parent = parentOf(form, item);
-    if (!parent) {
-        return true;
-    }
-    const Win32MenuItem* const above = parentOf(form, *parent);
-    if (!openMenusAbove(form, *parent) || !parent->enabled() ||
-        (above && !canBeChosen(above->opens(), parent->id()))) {
-        return false;
-    }
-    SendMessageA(form.window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(parent->opens()), 0);
-    settle();
-    return form.isOpen();
-}
-
-void WindowRobot::chooseMenu(Form& form, std::string_view item) {
-    const Win32Form* const reached = reach(form);
-    const Win32MenuItem* const wanted = reached ? menuItem(*reached, item) : nullptr;
-    if (!wanted || !openMenusAbove(*reached, *wanted)) {
-        return;
-    }
-    const Win32MenuItem* const parent = parentOf(*reached, *wanted);
-    const HMENU menu = parent ? parent->opens() : GetMenu(reached->window());
-    if (!wanted->opens() && canBeChosen(menu, wanted->id())) {
-        PostMessageA(reached->window(), WM_COMMAND, wanted->id(), 0);
-        settle();
-    }
-}
-
-void WindowRobot::openMenu(Form& form, std::string_view menu) {
-    const Win32Form* const reached = reach(form);
-    const Win32MenuItem* const wanted = reached ? menuItem(*reached, menu) : nullptr;
-    if (wanted && openMenusAbove(*reached, *wanted) && wanted->enabled() && wanted->visible() &&
-        wanted->opens()) {
-        SendMessageA(reached->window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(wanted->opens()),
-                     0);
-        settle();
-    }
 }
 
 void WindowRobot::planModal(std::function<void(Form& form)> plan) {

@@ -42,6 +42,9 @@ public:
     void letTimePass(int milliseconds) override;
 
 private:
+    static win32::Win32Form* formOf(HWND window);
+    /// What the keyboard sends along with a key that goes down once.
+    static LPARAM keyInfo(UINT key);
     /// The form when the mouse can reach it (which makes it the active one), else null.
     win32::Win32Form* reach(Form& form);
     /// Handles everything that is waiting.
