@@ -167,8 +167,9 @@ void ChargeInfo::setMaximumLengths() {
 
 void ChargeInfo::showDataPath() {
     Environment& environment = components_.environment();
-    ShowStatus("Data: " + CapitalizePath(environment.Data_Path()) +
-               "   Location: " + environment.Location());
+    std::string text = "Data: " + CapitalizePath(environment.Data_Path());
+    text += "   Location: " + environment.Location(); // asked for second
+    ShowStatus(text);
 }
 
 void ChargeInfo::showCompanyAddress() {
