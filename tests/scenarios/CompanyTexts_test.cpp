@@ -77,14 +77,17 @@ TEST_P(DefaultInvoiceNumber, IsMadeOfTheMomentAndTheLocation) {
 
 INSTANTIATE_TEST_SUITE_P(
     At, DefaultInvoiceNumber,
-    ::testing::Values(Moment{"NineInTheMorning", {2004, 3, 7, 9, 5, 3}, 5, "040307953005"},
-                      Moment{"Midnight", {2026, 1, 1, 0, 0, 0}, 0, "260101000000"},
-                      Moment{"Evening", {2026, 12, 31, 23, 59, 58}, 42, "261231235958042"},
-                      Moment{"LargeLocation",
-                             {2030, 10, 20, 1, 20, 3},
-                             12345,
-                             "3010201203"
-                             "12345"}),
+    ::testing::Values(
+        Moment{"NineInTheMorning", {2004, 3, 7, 9, 5, 3}, 5, "040307953005"},
+        Moment{"Midnight", {2026, 1, 1, 0, 0, 0}, 0, "260101000000"},
+        Moment{"Evening", {2026, 12, 31, 23, 59, 58}, 42, "261231235958042"},
+        Moment{"NegativeLocation", {2004, 3, 7, 9, 5, 3}, 0xFFFFFFFB, "040307953-005"},
+        Moment{"SmallestLocation", {2004, 3, 7, 9, 5, 3}, 0x80000000, "040307953-2147483648"},
+        Moment{"LargeLocation",
+               {2030, 10, 20, 1, 20, 3},
+               12345,
+               "3010201203"
+               "12345"}),
     [](const auto& row) { return std::string(row.param.what); });
 
 } // namespace
