@@ -1,5 +1,6 @@
 """A Wine prefix of the journey's own, with the shipped files installed as on a shop's machine."""
 
+import fcntl
 import os
 import pathlib
 import shutil
@@ -32,9 +33,12 @@ class Prefix:
     def installed(cls, folder, display=None):
         """A fresh copy of a prefix in which the program was just installed."""
         template = TOP / "build" / "prefix-installed"
-        shell("make_prefix", template)
-        shell("install_program", template, STAGE)
-        shell("stop_wine", template)
+        with open(TOP / "build" / "prefix-installed.lock", "w", encoding="ascii") as lock:
+            # Journeys may run side by side; the first one prepares what all of them copy.
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            shell("make_prefix", template)
+            shell("install_program", template, STAGE)
+            shell("stop_wine", template)
         prefix = cls(folder, display)
         prefix.remove()
         copy_prefix(template, prefix.folder)
