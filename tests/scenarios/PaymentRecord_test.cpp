@@ -282,5 +282,46 @@ TEST_F(FailedPosting, AfterAnApprovalIsReportedAndTheTransactionStaysApproved) {
     EXPECT_EQ(till.boxes().at(0).title, "Transaction Already Authorized");
 }
 
+class PaymentObject : public FailedPosting {
+protected:
+    void SetUp() override {
+        FailedPosting::SetUp();
+        till.desktop.hostData.script().method(
+            "SafeCreateObj", [this](std::vector<Argument>& arguments) -> Variant {
+                const ObjectRef payment =
+                    asObject(maker_.object()->call("SafeCreateObj", arguments));
+                made_ = payment;
+                ++count_;
+                return payment;
+            });
+    }
+    void expectReleased() {
+        EXPECT_EQ(count_, 1);
+        EXPECT_TRUE(made_.expired());
+    }
+
+private:
+    FakeHostData maker_{till.desktop.record};
+    std::weak_ptr<AutomationObject> made_;
+    int count_ = 0;
+};
+
+TEST_F(PaymentObject, IsReleasedOnceItIsStored) {
+    EXPECT_TRUE(post());
+    expectReleased();
+}
+
+TEST_F(PaymentObject, IsReleasedWhenItCannotBeStored) {
+    till.desktop.record.failNext("payment.Update", Error(70, "Update", "Disk is full."));
+    EXPECT_TRUE(errorOfPosting());
+    expectReleased();
+}
+
+TEST_F(PaymentObject, IsReleasedWhenAFieldCannotBeSet) {
+    till.desktop.record.failNext("item Zip.Value", Error(70, "Item", "Too long."));
+    EXPECT_TRUE(errorOfPosting());
+    expectReleased();
+}
+
 } // namespace
 } // namespace tollvane::test

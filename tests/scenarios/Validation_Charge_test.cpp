@@ -121,9 +121,11 @@ TEST_F(Charge, MissingCheckerShowsItsErrorAndThenTheValidationsWord) {
 
     const std::vector<Message> boxes = till.boxes();
     ASSERT_EQ(boxes.size(), 2U);
-    EXPECT_EQ(boxes[0].text, "There was an error validating the credit card number.\r\n\r\n"
-                             "Error: 429 ,ActiveX component can't create object");
+    EXPECT_EQ(boxes[0], information("{B0FF1329-8BB0-4C7B-BE63-416A3AEAA8D3}:ValidateCardNumber",
+                                    "There was an error validating the credit card number.\r\n\r\n"
+                                    "Error: 429 ,ActiveX component can't create object"));
     EXPECT_EQ(boxes[1], invalid(kCardRefusal));
+    EXPECT_EQ(till.focus(), "txtCardNumber");
     EXPECT_TRUE(till.operations().empty());
 }
 

@@ -2,6 +2,8 @@
 #include "tests/desktop/FakeFiles.h"
 #include "tests/desktop/FakeLocale.h"
 #include "tests/desktop/FaultPlan.h"
+#include "tests/desktop/TestDesktop.h"
+#include "tests/scenarios/TracedForm.h"
 
 #include <gtest/gtest.h>
 
@@ -161,6 +163,17 @@ TEST_F(LocaleRoutines, TheSystemsTheUsersAndAnyLocaleCanBeAsked) {
 TEST_F(LocaleRoutines, AnItemThatIsNotThereIsEmpty) {
     EXPECT_EQ(GetLocaleValue(locale, 0xFFFF, kUserLocale), "");
     EXPECT_EQ(GetLocaleValue(locale, kCurrencySymbol, 0x7777), "");
+}
+
+TEST(DigitsOnly, LeavesABoxAloneWhoseStyleCannotBeRead) {
+    TestDesktop desk;
+    TracedForm traced(*desk.forms);
+    TextBox& box = traced.box("txtFirst");
+    box.setWindowStyle(0);
+
+    EXPECT_EQ(SetDigitsOnly(box), 0U);
+
+    EXPECT_EQ(box.windowStyle(), 0U);
 }
 
 } // namespace

@@ -118,6 +118,15 @@ TEST_F(RegistryFailures, AFailedCloseDecidesADeletion) {
     EXPECT_EQ(error.source(), "Tollvane:DeleteRegValue");
 }
 
+TEST_F(RegistryFailures, AFailedCloseDecidesTheDeletionOfAKey) {
+    system.addKey(kFullKey + "\\Child");
+    system.failNext("closeKey", registry::success); // of the list of the child's own children
+    system.failNext("closeKey", registry::invalidHandle);
+    expectError([&] { registry.DeleteRegKey(kRoot, kKey, "Child"); }, 6, "Tollvane:DeleteRegKey",
+                "The handle is invalid.\r\n");
+    EXPECT_FALSE(system.hasKey(kFullKey + "\\Child"));
+}
+
 TEST_F(RegistryFailures, AFailedDeletionBehindASuccessfulCloseCountsAsSuccess) {
     system.addString(kFullKey, "Name", "x");
     system.addKey(kFullKey + "\\Child");
@@ -175,6 +184,44 @@ TEST_F(RegistryFailures, AnErrorThatNothingDescribesSaysSo) {
                 "Tollvane:GetStringValue",
                 "There was an error reading the HKEY_LOCAL_MACHINE\\Key registry key, unable to "
                 "retrieve error description.");
+}
+
+/// A registry that notes how its error texts are asked for.
+class AskedForTexts : public FakeRegistry {
+public:
+    struct Question {
+        std::uint32_t flags;
+        const void* source;
+        std::uint32_t code;
+        std::uint32_t language;
+        std::uint32_t size;
+        void* arguments;
+        bool operator==(const Question&) const = default;
+    };
+
+    using FakeRegistry::FakeRegistry;
+
+    std::uint32_t formatMessage(std::uint32_t flags, const void* source, std::uint32_t code,
+                                std::uint32_t language, char* buffer, std::uint32_t size,
+                                void* arguments) override {
+        questions.push_back({flags, source, code, language, size, arguments});
+        return FakeRegistry::formatMessage(flags, source, code, language, buffer, size, arguments);
+    }
+
+    std::vector<Question> questions;
+};
+
+TEST(RegistryErrorTexts, AreAskedOfTheSystemWithoutInserts) {
+    FaultPlan faults;
+    AskedForTexts system(faults);
+    cRegistry registry(system, "Tollvane");
+    system.setSystemText(2, "");
+
+    EXPECT_THROW(registry.DeleteRegValue(kRoot, kKey, "Name"), Error);
+
+    EXPECT_EQ(system.questions,
+              (std::vector<AskedForTexts::Question>{{0x1200, nullptr, 2, 0, 1024, nullptr},
+                                                    {0x1200, nullptr, 317, 0, 1024, nullptr}}));
 }
 
 } // namespace
