@@ -92,9 +92,11 @@ class Display:
         self.run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(repeat),
                  "--delay", "40", str(button))
 
-    def activate(self, xid):
-        """Brings a window to the front and gives it the keyboard."""
-        self.run("xdotool", "windowactivate", "--sync", str(xid))
+    def types_into(self, xid):
+        """True when keys reach that window; Windows may think so before the display does."""
+        answer = subprocess.run(["xdotool", "getwindowfocus"], env=self.environment(), text=True,
+                                capture_output=True, check=False)
+        return answer.stdout.strip() == str(xid)
 
 
 # A plain frame, and a new window always gets the keyboard.

@@ -48,14 +48,17 @@ class Till:
     def window(self, title, patience=30):
         """Waits for the window of that title and for the keyboard to be there."""
         def there():
-            return next((w for w in self.windows() if w.text == title and w.foreground), None)
+            return next((w for w in self.windows()
+                         if w.text == title and w.foreground and self.display.types_into(w.xid)),
+                        None)
         return until(f"the window {title!r}", there, patience, otherwise=self.titles)
 
     def form(self, test_mode=None):
         """Waits for the transaction form to be in front; `test_mode` also awaits its caption."""
         def there():
             for window in self.windows():
-                if window.text.startswith(FORM_TITLE) and window.foreground and window.enabled:
+                if (window.text.startswith(FORM_TITLE) and window.foreground and window.enabled
+                        and self.display.types_into(window.xid)):
                     shows = window.text == FORM_TITLE + TEST_MODE
                     return window if test_mode in (None, shows) else None
             return None
