@@ -190,6 +190,81 @@ TEST_F(PrivateKey, AKeyWithoutPermissionIsReportedInTheSystemsWords) {
     grantAll("\\Unreadable");
 }
 
+/// Keys that grant the rights of one kind of work and nothing else: work that asks for more, or
+/// that goes on with less, shows.
+class ExactRights : public PrivateKey {
+protected:
+    void SetUp() override {
+        PrivateKey::SetUp();
+        ASSERT_TRUE(registry.SaveStringValue(kRoot, key, "Name", "x"));
+        ASSERT_TRUE(registry.SaveNumericValue(kRoot, key, "Count", 7));
+        ASSERT_TRUE(registry.SaveBinaryValue(kRoot, key, "Bytes", {1, 2}));
+        ASSERT_TRUE(registry.SaveStringValue(kRoot, key + "\\Child", "Name", "x"));
+    }
+    void TearDown() override {
+        grantAll(kBelow);
+        PrivateKey::TearDown();
+    }
+
+    void grantOnly(DWORD mask) const {
+        char rules[64];
+        std::snprintf(rules, sizeof rules, "D:(A;;0x%lx;;;WD)", mask);
+        setRules(kBelow, rules);
+        HKEY opened = nullptr;
+        ASSERT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_ALL_ACCESS, &opened),
+                  ERROR_ACCESS_DENIED)
+            << "the system does not judge these rights";
+    }
+
+    /// Runs the work with the rights of the mask, and sees it refused without any one of `parts`.
+    template <class Work>
+    void expectNeeds(DWORD mask, const std::vector<DWORD>& parts, Work work) {
+        grantOnly(mask);
+        EXPECT_NO_THROW(work()) << std::hex << mask;
+        for (const DWORD part : parts) {
+            grantOnly(mask & ~part);
+            EXPECT_EQ(errorOf(work).number(), ERROR_ACCESS_DENIED) << "without " << part;
+        }
+    }
+
+    // The key's owner may always read and change its rules.
+    const std::vector<DWORD> read{KEY_QUERY_VALUE, KEY_ENUMERATE_SUB_KEYS, KEY_NOTIFY};
+    const std::vector<DWORD> write{KEY_QUERY_VALUE, KEY_SET_VALUE, KEY_CREATE_SUB_KEY,
+                                   KEY_ENUMERATE_SUB_KEYS, KEY_NOTIFY};
+    const std::vector<DWORD> writeBytes{KEY_SET_VALUE, KEY_CREATE_SUB_KEY};
+
+    static constexpr const char* kBelow = "\\Exact";
+    std::string key = path + kBelow;
+};
+
+TEST_F(ExactRights, OfWritingAreThoseOfTextsNumbersAndDeletions) {
+    expectNeeds(0x4001F, write,
+                [&] { EXPECT_TRUE(registry.SaveStringValue(kRoot, key, "Name", "y")); });
+    expectNeeds(0x4001F, write,
+                [&] { EXPECT_TRUE(registry.SaveNumericValue(kRoot, key, "Count", 8)); });
+    expectNeeds(0x4001F, write,
+                [&] { EXPECT_TRUE(registry.SaveBooleanValue(kRoot, key, "On", true)); });
+    expectNeeds(0x4001F, write, [&] { EXPECT_TRUE(registry.DeleteRegValue(kRoot, key, "Name")); });
+}
+
+TEST_F(ExactRights, OfReadingAreThoseOfValuesAndLists) {
+    Texts texts;
+    expectNeeds(0x20019, read,
+                [&] { EXPECT_EQ(registry.GetStringValue(kRoot, key, "Name"), "x"); });
+    expectNeeds(0x20019, read,
+                [&] { EXPECT_EQ(registry.GetBinaryValue(kRoot, key, "Bytes").size(), 2U); });
+    expectNeeds(0x20019, {}, [&] {
+        EXPECT_EQ(registry.GetNumericValue(kRoot, key, "Count"), 7); // says 0 when refused
+        EXPECT_EQ(registry.EnumSubKeys(kRoot, key, texts), 1);
+        EXPECT_EQ(registry.EnumStringValues(kRoot, key, texts), 3);
+    });
+}
+
+TEST_F(ExactRights, OfWritingBytesAreItsOwn) {
+    expectNeeds(0x20006, writeBytes,
+                [&] { EXPECT_TRUE(registry.SaveBinaryValue(kRoot, key, "Bytes", {3})); });
+}
+
 TEST_F(PrivateKey, TreesAreListedAndDeleted) {
     for (const char* below : {"\\Tree\\A\\Deep", "\\Tree\\B", "\\Neighbour"}) {
         EXPECT_TRUE(registry.SaveStringValue(kRoot, path + below, "Name", below));
