@@ -24,7 +24,7 @@ class Prefix:
     """A Windows of one's own, in a folder."""
 
     def __init__(self, folder, display=None):
-        self.folder = pathlib.Path(folder)
+        self.folder = pathlib.Path(folder).resolve()
         self.program_folder = self.folder / INSTALLED
         self.display = display
         self._started = []
@@ -33,15 +33,15 @@ class Prefix:
     def installed(cls, folder, display=None):
         """A fresh copy of a prefix in which the program was just installed."""
         template = TOP / "build" / "prefix-installed"
+        prefix = cls(folder, display)
+        prefix.remove()
         with open(TOP / "build" / "prefix-installed.lock", "w", encoding="ascii") as lock:
             # Journeys may run side by side; the first one prepares what all of them copy.
             fcntl.flock(lock, fcntl.LOCK_EX)
             shell("make_prefix", template)
             shell("install_program", template, STAGE)
             shell("stop_wine", template)
-        prefix = cls(folder, display)
-        prefix.remove()
-        copy_prefix(template, prefix.folder)
+            copy_prefix(template, prefix.folder)
         return prefix
 
     def environment(self):
