@@ -240,11 +240,18 @@ End Sub
 
 ' The server reads its settings when it starts: the old process must have ended.
 Sub RestartWith(folder, store)
+    Dim path
     shell.RegWrite settingsKey & "Store", store, "REG_SZ"
+    ' A server that is just about to end may refuse; the next one is asked again.
+    On Error Resume Next
     Do
         Set host = Nothing
+        path = ""
         Set host = CreateObject("dcZenda32.dcclsZenda32")
-    Loop Until host.Data_Path = folder
+        path = host.Data_Path
+        Err.Clear
+    Loop Until path = folder
+    On Error Goto 0
 End Sub
 
 Sub TestStoresThatCannotBeUsed()
