@@ -10,6 +10,7 @@
 #include "entry/Validation.h"
 #include "output/CompanyTexts.h"
 #include "output/PaymentRecord.h"
+#include "platform/Guard.h"
 
 namespace tollvane {
 
@@ -34,11 +35,7 @@ void ChargeInfo::show() {
 }
 
 void ChargeInfo::guard(std::string_view sentence, const std::function<void()>& body) noexcept {
-    try {
-        body();
-    } catch (...) {
-        reportError(sentence, currentError());
-    }
+    tollvane::guarded(desktop_.messageBoxes, sentence, body);
 }
 
 void ChargeInfo::reportError(std::string_view sentence, const Error& error) noexcept {
