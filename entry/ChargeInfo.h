@@ -56,6 +56,8 @@ public:
     void ShowCompanyInfo();
     /// Gives the free-text boxes the format type of the settings.
     void ApplyAutoFormat();
+    /// Prints both copies of the last transaction's receipt, or says why there is none.
+    void Print_Receipt() noexcept;
 
     /// True when the entry may be submitted; the charge component then holds its values.
     bool ValidateTransaction();
