@@ -17,6 +17,7 @@ enum class Failure : std::uint32_t {
     storeInputOutput = 3006,
     storeTooNew = 3007,
     storeOther = 3008,
+    backupRefused = 3009,
     unknownKind = 3010,
     unknownField = 3011,
     unknownRecord = 3012,
@@ -31,7 +32,8 @@ enum class Failure : std::uint32_t {
     lastManager = 3025,
     unknownOperator = 3026,
     wrongPassword = 3027,
-    cryptography = 3030
+    cryptography = 3030,
+    notAtThisComputer = 3031
 };
 
 // A failure on its way to the client. The text is UTF-8, one or two sentences for a cashier.

@@ -60,6 +60,8 @@ public:
     void execute(const char* sql);
     [[nodiscard]] std::int64_t lastInsertId() const;
     [[nodiscard]] int changedRows() const;
+    // For the engine's calls that take a whole connection; stays owned here.
+    [[nodiscard]] sqlite3* handle() const noexcept { return connection_.get(); }
 
 private:
     struct Close {

@@ -88,13 +88,17 @@ void prepareSchema(Database& database) {
     static_assert(kApplicationId == 1414940740);
     if (pragma(database, "PRAGMA user_version") == 0)
         createTables(database);
+    requireOurSchema(database);
+    checkSound(database);
+}
+
+void requireOurSchema(Database& database) {
     if (pragma(database, "PRAGMA application_id") != kApplicationId)
         throw HostDataError(Failure::storeDamaged,
                             "The host data file belongs to another program.");
     if (pragma(database, "PRAGMA user_version") > kVersion)
         throw HostDataError(Failure::storeTooNew,
                             "The host data file was written by a newer version of this program.");
-    checkSound(database);
 }
 
 } // namespace tollvane::hostdata

@@ -9,4 +9,8 @@ namespace tollvane::hostdata {
 // file, for the file of another program, and for one written by a newer version.
 void prepareSchema(Database& database);
 
+// Reads nothing but the marks of the file: raises HostDataError for the file of another program and
+// for one written by a newer version.
+void requireOurSchema(Database& database);
+
 } // namespace tollvane::hostdata

@@ -3,6 +3,7 @@
 #include "components/hostdata/win/OperatorObjects.h"
 #include "components/hostdata/win/PaymentObjects.h"
 #include "components/hostdata/win/Services.h"
+#include "components/hostdata/win/SettingsWindow.h"
 
 namespace tollvane::hostdata {
 
@@ -134,6 +135,10 @@ HRESULT HostDataObject::ResetPassword(BSTR token, LONG id, BSTR password) {
         const Secret secret = takeSecret(password);
         operators().resetPassword(utf8(token), id, secret);
     });
+}
+
+HRESULT HostDataObject::ConfigureSettings() {
+    return serve([] { showSettings(services().settings.storePath); });
 }
 
 } // namespace tollvane::hostdata

@@ -35,6 +35,7 @@ public:
     HRESULT STDMETHODCALLTYPE SetPrivilege(BSTR token, LONG id, LONG number,
                                            VARIANT_BOOL granted) override;
     HRESULT STDMETHODCALLTYPE ResetPassword(BSTR token, LONG id, BSTR password) override;
+    HRESULT STDMETHODCALLTYPE ConfigureSettings() override;
 
 private:
     // User name of the operator whom this client signed in last; empty when nobody is signed in.
