@@ -6,7 +6,7 @@ if(NOT WIN32)
 endif()
 
 add_custom_target(shipped)
-foreach(target Tollvane zendacard habitat dcZenda32)
+foreach(target Tollvane zendacard habitat dcZenda32 Norrow_About LogLens)
   if(TARGET ${target})
     add_dependencies(shipped ${target})
     install(TARGETS ${target} RUNTIME DESTINATION . COMPONENT shipped)

@@ -35,6 +35,11 @@ constexpr Kind kindOf(DialogItem item) {
     case DialogItem::ListBox:
         return {listClass, WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                 WS_EX_CLIENTEDGE};
+    case DialogItem::TableList:
+        return {listClass,
+                WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_USETABSTOPS,
+                WS_EX_CLIENTEDGE};
+    case DialogItem::Icon: return {staticClass, SS_ICON | SS_REALSIZECONTROL, 0};
     case DialogItem::DefaultButton: return {buttonClass, WS_TABSTOP | BS_DEFPUSHBUTTON, 0};
     case DialogItem::Button:
     case DialogItem::CancelButton: break;

@@ -24,6 +24,8 @@ enum class DialogItem {
     CheckBox,
     ComboBox, // a choice from a list
     ListBox,
+    TableList, // a list whose entries have columns; LB_SETTABSTOPS says where they begin
+    Icon,      // STM_SETICON gives it its picture
     Button,
     DefaultButton,
     CancelButton,

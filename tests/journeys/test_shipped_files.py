@@ -7,7 +7,7 @@ import pytest
 
 from harness.prefix import STAGE, TOP
 
-FILES = ("Tollvane.exe", "zendacard.dll", "habitat.dll", "dcZenda32.exe")
+FILES = ("Tollvane.exe", "zendacard.dll", "habitat.dll", "dcZenda32.exe", "Norrow_About.dll")
 OURS = re.compile(r"lib(gcc|stdc\+\+|winpthread|ssp)", re.IGNORECASE)
 
 
