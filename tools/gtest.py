@@ -1,11 +1,9 @@
 """Runs the GoogleTest programs of a build folder and counts their cases."""
 
 import json
-import os
 import pathlib
 import re
 import subprocess
-import tempfile
 
 TIME_LIMIT = 1500
 
@@ -18,27 +16,29 @@ def programs(build):
     return sorted(str(build / name) for name in names)
 
 
-def run_all(build, tally, launcher=(), environment=None, shards=1):
-    """Runs each program, in `shards` processes at a time, and adds up the cases."""
+def run_all(build, tally, places, launcher=()):
+    """Runs each program and adds up the cases. `places` are the environments of the processes that
+    share a program's cases; the report of each process stays beside the program."""
     for program in programs(build):
         name = pathlib.Path(program).name
         print(f"-- {name}", flush=True)
-        with tempfile.TemporaryDirectory() as folder:
-            processes = [start(build, program, launcher, environment, folder, shard, shards)
-                         for shard in range(shards)]
-            for shard, process in enumerate(processes):
-                finish(name, process, pathlib.Path(folder) / f"{shard}.json", tally)
+        reports = [pathlib.Path(f"{program}.{share}.json") for share in range(len(places))]
+        processes = [start(build, program, launcher, place, reports, share)
+                     for share, place in enumerate(places)]
+        for process, report in zip(processes, reports):
+            finish(name, process, report, tally)
 
 
-def start(build, program, launcher, environment, folder, shard, shards):
+def start(build, program, launcher, environment, reports, share):
     """Starts one share of a program's cases."""
-    report = os.path.join(folder, f"{shard}.json")
+    reports[share].unlink(missing_ok=True)
+    report = str(reports[share])
     if launcher:
         report = "Z:" + report.replace("/", "\\")
     return subprocess.Popen(
         [*launcher, program, "--gtest_brief=1", f"--gtest_output=json:{report}"],
-        env={**(environment or os.environ), "GTEST_TOTAL_SHARDS": str(shards),
-             "GTEST_SHARD_INDEX": str(shard)},
+        env={**environment, "GTEST_TOTAL_SHARDS": str(len(reports)),
+             "GTEST_SHARD_INDEX": str(share)},
         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
         text=True, errors="replace", cwd=build)
 

@@ -81,11 +81,11 @@ LRESULT Win32TextBox::edited(UINT message, WPARAM first, LPARAM second) {
     return answer;
 }
 
-void Win32TextBox::overwriteOnce(std::size_t length, char filler) {
-    const ClosedText fillers(std::string(length, filler));
-    native(EM_SETSEL, 0, -1);
-    // As an undoable change, so that the undo buffer takes the fillers in too.
-    native(EM_REPLACESEL, TRUE, fillers.argument());
+void Win32TextBox::overwrite(std::size_t start, std::size_t end, std::size_t fillers) {
+    const ClosedText text(std::string(fillers, 'x'));
+    native(EM_SETSEL, start, static_cast<LPARAM>(end));
+    // As an undoable change, so that the undo buffer takes fillers in too.
+    native(EM_REPLACESEL, TRUE, text.argument());
 }
 
 void Win32TextBox::wipeText() {
@@ -93,11 +93,18 @@ void Win32TextBox::wipeText() {
     if (length == 0) {
         return;
     }
-    // The control grows its buffers in steps: more fillers than there was text reach every byte.
-    const std::size_t plenty = length + 64;
-    overwriteOnce(plenty, 'x');
-    overwriteOnce(plenty, 'y');
-    overwriteOnce(plenty, 'z');
+    // One character at a time: a longer change would hand the text itself to the undo buffer, and a
+    // buffer that has to grow leaves its old bytes in freed memory.
+    for (std::size_t at = 0; at < length; ++at) {
+        overwrite(at, at + 1, 1);
+    }
+    // The undo buffer may hold an earlier text: small steps have covered it before it must grow.
+    constexpr std::size_t step = 4;
+    std::size_t fillers = length;
+    overwrite(0, fillers, step);
+    for (fillers = step; fillers < length + 64; fillers += step) {
+        overwrite(0, fillers, fillers + step);
+    }
     native(EM_EMPTYUNDOBUFFER, 0, 0);
     native(WM_SETTEXT, 0, ClosedText("").argument());
     native(EM_EMPTYUNDOBUFFER, 0, 0);
@@ -192,17 +199,15 @@ void Win32TextBox::insertPasted() {
 }
 
 LRESULT Win32TextBox::keyDown(UINT message, WPARAM key, LPARAM info) {
-    const bool control = isDown(VK_CONTROL);
-    const bool shift = isDown(VK_SHIFT);
     // Their characters do the work, so that a dropped character drops it too.
     const bool lettered = key == 'A' || key == 'C' || key == 'V' || key == 'X' || key == 'Z';
-    if (control && lettered) {
+    if (lettered && isDown(VK_CONTROL)) {
         return 0;
     }
-    if (key == VK_INSERT && (control || shift)) {
-        return send(shift ? WM_PASTE : WM_COPY);
+    if (key == VK_INSERT && (isDown(VK_CONTROL) || isDown(VK_SHIFT))) {
+        return send(isDown(VK_SHIFT) ? WM_PASTE : WM_COPY);
     }
-    if (key == VK_DELETE && shift) {
+    if (key == VK_DELETE && isDown(VK_SHIFT)) {
         return send(WM_CUT);
     }
     return edited(message, key, info);

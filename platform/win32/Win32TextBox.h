@@ -38,7 +38,8 @@ private:
     void insertTyped(int character, LPARAM info);
     void insertPasted();
     int room() const;
-    void overwriteOnce(std::size_t length, char filler);
+    /// Puts fillers in the place of the characters from `start` to before `end`.
+    void overwrite(std::size_t start, std::size_t end, std::size_t fillers);
 
     int maxLength_ = kDefaultMaxLength;
 };
