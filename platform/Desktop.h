@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/Form.h"
 #include "platform/MessageBox.h"
+#include "platform/Printer.h"
 #include "platform/ProgramFacts.h"
 #include "platform/Registry.h"
 #include "platform/Surroundings.h"
@@ -25,6 +26,7 @@ struct Desktop {
     Mouse& mouse;
     RandomNumbers& random;
     Beeper& beeper;
+    Printers& printers;
 };
 
 } // namespace tollvane

@@ -70,6 +70,11 @@ struct PenTraits {
     static Handle empty() { return nullptr; }
     static void close(Handle handle) { DeleteObject(handle); }
 };
+struct DeviceContextTraits {
+    using Handle = HDC;
+    static Handle empty() { return nullptr; }
+    static void close(Handle handle) { DeleteDC(handle); }
+};
 struct IconTraits {
     using Handle = HICON;
     static Handle empty() { return nullptr; }
@@ -82,6 +87,8 @@ using MenuHandle = Owner<MenuTraits>;
 using FontHandle = Owner<FontTraits>;
 using BrushHandle = Owner<BrushTraits>;
 using PenHandle = Owner<PenTraits>;
+/// A device context that was created, not one that was lent.
+using DeviceContextHandle = Owner<DeviceContextTraits>;
 using IconHandle = Owner<IconTraits>;
 
 /// An object selected into a device context until the end of the block.

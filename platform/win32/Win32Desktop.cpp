@@ -8,8 +8,8 @@ Win32Desktop::Win32Desktop(HINSTANCE instance)
     : program_(instance), ui_(instance, [this](const Error& error) { reportEscaped(error); }) {}
 
 Desktop Win32Desktop::desktop() {
-    return {forms_,  messageBoxes_, registry_, automation_, files_,  program_,
-            locale_, clock_,        screen_,   mouse_,      random_, beeper_};
+    return {forms_, messageBoxes_, registry_, automation_, files_,  program_, locale_,
+            clock_, screen_,       mouse_,    random_,     beeper_, printers_};
 }
 
 void Win32Desktop::run() {

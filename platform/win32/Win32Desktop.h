@@ -7,6 +7,7 @@
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32Forms.h"
 #include "platform/win32/Win32MessageBoxes.h"
+#include "platform/win32/Win32Printers.h"
 #include "platform/win32/Win32ProgramFacts.h"
 #include "platform/win32/Win32Registry.h"
 #include "platform/win32/Win32Surroundings.h"
@@ -41,6 +42,7 @@ private:
     Win32Mouse mouse_;
     Win32RandomNumbers random_;
     Win32Beeper beeper_;
+    Win32Printers printers_;
 };
 
 } // namespace tollvane::win32

@@ -17,6 +17,7 @@ enum class Port {
     files,
     program,
     locale,
+    printer,
     count
 };
 

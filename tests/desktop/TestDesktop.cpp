@@ -15,7 +15,8 @@ void TestDesktop::registerComponents() {
 Desktop TestDesktop::desktop() {
     return {
         *useForms_,  *useMessageBoxes_, *useRegistry_, *useAutomation_, *useFiles_, *useProgram_,
-        *useLocale_, *useClock_,        *useScreen_,   mouse,           random,     beeper};
+        *useLocale_, *useClock_,        *useScreen_,   mouse,           random,     beeper,
+        printers};
 }
 
 void TestDesktop::expectNothingLeftOver() const {
@@ -24,6 +25,7 @@ void TestDesktop::expectNothingLeftOver() const {
     }
     EXPECT_EQ(boxes.openAnswers(), 0U) << "planned answers that no box asked for";
     EXPECT_EQ(registry.openKeys(), 0U) << "registry keys that were not closed";
+    EXPECT_EQ(printers.openJobs(), 0U) << "print jobs that were not given back";
 }
 
 } // namespace tollvane::test

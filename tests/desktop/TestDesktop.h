@@ -7,6 +7,7 @@
 #include "tests/desktop/FakeEnvironment.h"
 #include "tests/desktop/FakeFiles.h"
 #include "tests/desktop/FakeLocale.h"
+#include "tests/desktop/FakePrinters.h"
 #include "tests/desktop/FakeProgramFacts.h"
 #include "tests/desktop/FakeRegistry.h"
 #include "tests/desktop/FakeSurroundings.h"
@@ -64,6 +65,7 @@ public:
     FakeMouse mouse;
     FakeRandom random;
     FakeBeeper beeper;
+    FakePrinters printers{faults};
 
     AutomationRecord record{faults};
     FakeAutomation automation{faults};

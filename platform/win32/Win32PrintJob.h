@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/Error.h"
+#include "platform/Printer.h"
+#include "platform/win32/Handles.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace tollvane::win32 {
+
+/// The document of a printer's device context, from its first page to its end. One that is dropped
+/// before its end is taken back from the printer.
+class PrinterDocument {
+public:
+    explicit PrinterDocument(HDC context) : context_(context) {}
+    PrinterDocument(const PrinterDocument&) = delete;
+    PrinterDocument& operator=(const PrinterDocument&) = delete;
+    ~PrinterDocument();
+
+    bool isOpen() const { return open_; }
+    void open(const std::string& name);
+    void end();
+
+private:
+    HDC context_;
+    bool open_ = false;
+};
+
+/// Draws on a device context whose origin is the corner of the printable area.
+class Win32PrintJob final : public PrintJob {
+public:
+    Win32PrintJob(DeviceContextHandle context, std::string documentName);
+    ~Win32PrintJob() override;
+
+    double left() override { return 0; }
+    double width() override;
+    double height() override;
+    void setFont(const PrintFont& font) override;
+    double currentX() const override { return x_; }
+    void setCurrentX(double x) override { x_ = x; }
+    double currentY() const override { return y_; }
+    void setCurrentY(double y) override { y_ = y; }
+    double textWidth(std::string_view text) override;
+    double textHeight(std::string_view text) override;
+    void print(std::string_view text) override;
+    void drawLine(double fromX, double fromY, double toX, double toY) override;
+    void endDocument() override;
+
+private:
+    void openDocument();
+    POINT pixels(double x, double y) const;
+
+    DeviceContextHandle context_;
+    std::string documentName_;
+    FontHandle font_;
+    int dpiX_;
+    int dpiY_;
+    PrinterDocument document_;
+    double x_ = 0;
+    double y_ = 0;
+};
+
+/// What a printing call of the system that returned `result` (0 or less) stands for: 32755 when
+/// somebody cancelled, otherwise the system's number and text.
+Error printingError(int result);
+
+} // namespace tollvane::win32
