@@ -1,0 +1,201 @@
+#include "components/logviewer/core/LogIndex.h"
+
+#include "components/logviewer/tests/LogText.h"
+
+#include <gtest/gtest.h>
+
+namespace tollvane::logviewer {
+namespace {
+
+TEST(LogIndex, RowsTellWhereTheirLinesAre) {
+    const std::string first = lineOf({});
+    const std::string second = lineOf({.who = "Ben"});
+    const LogIndex index = indexOf(first + second);
+    ASSERT_EQ(index.rows().size(), 2U);
+    EXPECT_EQ(index.rows()[0].offset, 0U);
+    EXPECT_EQ(index.rows()[1].offset, first.size());
+    EXPECT_EQ(index.rows()[1].length, second.size() - 2);
+    EXPECT_EQ(index.taken(), first.size() + second.size());
+}
+
+TEST(LogIndex, PiecesGiveTheSameAsTheWhole) {
+    std::string text;
+    for (int i = 0; i < 20; ++i)
+        text += lineOf({.who = i % 3 ? "Ben" : "Olive Trent", .amount = std::to_string(i) + ".00"});
+    const LogIndex whole = indexOf(text);
+    for (std::size_t piece : {1U, 7U, 160U, 1000U}) {
+        LogIndex index;
+        std::string waiting;
+        for (std::size_t at = 0; at < text.size(); at += piece) {
+            waiting += text.substr(at, piece);
+            waiting.erase(0, index.feed(waiting));
+            index.finish(waiting);
+        }
+        ASSERT_EQ(index.rows().size(), whole.rows().size()) << piece;
+        for (std::size_t i = 0; i < whole.rows().size(); ++i) {
+            EXPECT_EQ(index.rows()[i].offset, whole.rows()[i].offset);
+            EXPECT_EQ(index.rows()[i].effect, whole.rows()[i].effect);
+            EXPECT_EQ(index.rows()[i].operatorId, whole.rows()[i].operatorId);
+        }
+    }
+}
+
+TEST(LogIndex, ALineWithoutItsEndIsDamagedUntilTheRestComes) {
+    const std::string line = lineOf({});
+    LogIndex index;
+    index.finish(line.substr(0, 50));
+    ASSERT_EQ(index.rows().size(), 1U);
+    EXPECT_EQ(index.rows()[0].kind, LineKind::Damaged);
+    EXPECT_EQ(index.rows()[0].length, 50U);
+    index.feed(line);
+    ASSERT_EQ(index.rows().size(), 1U);
+    EXPECT_EQ(index.rows()[0].kind, LineKind::Charge);
+}
+
+TEST(LogIndex, BlanksAtTheEndAreNotALine) {
+    EXPECT_EQ(indexOf(lineOf({}) + std::string(512, ' ')).rows().size(), 1U);
+}
+
+TEST(LogIndex, EmptyLinesAreLeftOut) {
+    const LogIndex index = indexOf("\r\n\n" + lineOf({}) + "\n");
+    ASSERT_EQ(index.rows().size(), 1U);
+    EXPECT_EQ(index.rows()[0].offset, 3U);
+}
+
+TEST(LogIndex, AnEmptyFileHasNoRows) {
+    EXPECT_TRUE(indexOf("").rows().empty());
+}
+
+TEST(LogIndex, OverlongTextIsOneDamagedLine) {
+    LogIndex index;
+    index.feedDamaged(std::string(100, 'x'));
+    index.feed("\n" + lineOf({}));
+    ASSERT_EQ(index.rows().size(), 2U);
+    EXPECT_EQ(index.rows()[0].kind, LineKind::Damaged);
+    EXPECT_EQ(index.rows()[1].offset, 101U);
+}
+
+TEST(LogIndex, EachOperatorHasOneNumber) {
+    const LogIndex index = indexOf(lineOf({.who = "Ben"}) + lineOf({.who = "-"}) +
+                                   lineOf({.who = "Olive Trent"}) + lineOf({.who = "Ben"}));
+    EXPECT_EQ(index.operators(), (std::vector<std::string>{"", "Ben", "Olive Trent"}));
+    EXPECT_EQ(index.rows()[0].operatorId, index.rows()[3].operatorId);
+    EXPECT_EQ(index.rows()[1].operatorId, 0);
+}
+
+TEST(LogTotals, ChargesRefundsAndNetAreExactToTheCent) {
+    std::string text;
+    for (int i = 0; i < 1000; ++i)
+        text += lineOf({.amount = "0.10"});
+    text += lineOf({.type = "VOICE", .amount = "1.01"});
+    text += lineOf({.type = "REFUND", .amount = "0.03"});
+    const LogTotals totals = totalsOf(indexOf(text));
+    EXPECT_EQ(totals.lines, 1002U);
+    EXPECT_EQ(totals.live.charges.count, 1001U);
+    EXPECT_EQ(totals.live.charges.sum.value(), cents(10101));
+    EXPECT_EQ(totals.live.refunds.count, 1U);
+    EXPECT_EQ(totals.live.refunds.sum.value(), cents(3));
+    EXPECT_EQ(totals.live.net(), cents(10098));
+}
+
+TEST(LogTotals, OnlyApprovedLinesAreAddedUp) {
+    std::string text;
+    for (const char* result : {"DECLINED", "ERROR", "HELD", "UNKNOWN"})
+        text += lineOf({.result = result});
+    const LogTotals totals = totalsOf(indexOf(text));
+    EXPECT_EQ(totals.lines, 4U);
+    EXPECT_EQ(totals.live.charges.count, 0U);
+    EXPECT_EQ(totals.live.net(), 0);
+}
+
+TEST(LogTotals, AnUnknownOutcomeIsCountedOnceItIsTold) {
+    const LogTotals totals = totalsOf(indexOf(lineOf({.result = "UNKNOWN", .transaction = "-"}) +
+                                              lineOf({.result = "APPROVED"})));
+    EXPECT_EQ(totals.live.charges.count, 1U);
+    EXPECT_EQ(totals.live.net(), cents(1250));
+}
+
+TEST(LogTotals, DamagedLinesAreNotCounted) {
+    const LogTotals totals = totalsOf(indexOf(lineOf({}) + "12.50\r\n" + lineOf({}).substr(0, 60)));
+    EXPECT_EQ(totals.lines, 3U);
+    EXPECT_EQ(totals.damaged, 2U);
+    EXPECT_EQ(totals.live.net(), cents(1250));
+}
+
+TEST(LogTotals, TestAndLiveMoneyIsNeverAddedTogether) {
+    const LogTotals totals =
+        totalsOf(indexOf(lineOf({.mode = "TEST", .amount = "5.00"}) + lineOf({.amount = "7.00"})));
+    EXPECT_EQ(totals.test.net(), cents(500));
+    EXPECT_EQ(totals.live.net(), cents(700));
+}
+
+TEST(LogTotals, AVoidTakesTheChargeBackWhateverItsOwnAmount) {
+    const LogTotals totals =
+        totalsOf(indexOf(lineOf({.amount = "20.00", .transaction = "1000000007"}) +
+                         lineOf({.type = "VOID",
+                                 .amount = "0.00",
+                                 .transaction = "1000000008",
+                                 .reference = "1000000007"})));
+    EXPECT_EQ(totals.live.voids.count, 1U);
+    EXPECT_EQ(totals.live.voids.sum.value(), cents(2000));
+    EXPECT_EQ(totals.live.net(), 0);
+}
+
+TEST(LogTotals, AVoidedRefundIsGivenBackToTheShop) {
+    const LogTotals totals = totalsOf(
+        indexOf(lineOf({.amount = "20.00", .transaction = "1000000007"}) +
+                lineOf({.type = "REFUND", .amount = "5.00", .transaction = "1000000008"}) +
+                lineOf({.type = "VOID", .transaction = "1000000009", .reference = "1000000008"})));
+    EXPECT_EQ(totals.live.voids.sum.value(), -cents(500));
+    EXPECT_EQ(totals.live.net(), cents(2000));
+}
+
+TEST(LogTotals, AVoidFindsItsTransactionInItsOwnModeAndAnyOrder) {
+    const LogTotals totals =
+        totalsOf(indexOf(lineOf({.mode = "TEST", .amount = "3.00", .transaction = "7"}) +
+                         lineOf({.amount = "9.00", .transaction = "9"}) +
+                         lineOf({.amount = "4.00", .transaction = "7"}) +
+                         lineOf({.type = "VOID", .transaction = "10", .reference = "7"})));
+    EXPECT_EQ(totals.live.voids.sum.value(), cents(400));
+    EXPECT_EQ(totals.test.net(), cents(300));
+}
+
+TEST(LogTotals, AVoidOfATransactionOfAnotherLogTakesNothingBack) {
+    const LogTotals totals =
+        totalsOf(indexOf(lineOf({}) + lineOf({.type = "VOID", .reference = "5"})));
+    EXPECT_EQ(totals.live.voids.count, 1U);
+    EXPECT_EQ(totals.live.net(), cents(1250));
+}
+
+TEST(LogFilter, DaysAreInclusive) {
+    const LogIndex index = indexOf(lineOf({.moment = "2026-11-20 23:59:59"}) +
+                                   lineOf({.moment = "2026-11-21 00:00:00"}) +
+                                   lineOf({.moment = "2026-11-22 00:00:00"}));
+    EXPECT_EQ(totalsOf(index, {.from = 20261121}).lines, 2U);
+    EXPECT_EQ(totalsOf(index, {.to = 20261121}).lines, 2U);
+    EXPECT_EQ(totalsOf(index, {.from = 20261121, .to = 20261121}).lines, 1U);
+}
+
+TEST(LogFilter, EachWishNarrowsWhatIsAddedUp) {
+    const LogIndex index =
+        indexOf(lineOf({.amount = "1.00"}) + lineOf({.who = "Ben", .amount = "2.00"}) +
+                lineOf({.type = "REFUND", .amount = "4.00"}) +
+                lineOf({.amount = "8.00", .result = "DECLINED"}) +
+                lineOf({.mode = "TEST", .amount = "16.00"}));
+    EXPECT_EQ(totalsOf(index, {.kind = LineKind::Refund}).live.net(), -cents(400));
+    EXPECT_EQ(totalsOf(index, {.operatorId = std::uint16_t{2}}).live.net(), cents(200));
+    EXPECT_EQ(totalsOf(index, {.result = LineResult::Declined}).lines, 1U);
+    EXPECT_EQ(totalsOf(index, {.mode = LineMode::Test}).test.net(), cents(1600));
+    EXPECT_EQ(totalsOf(index, {.mode = LineMode::Test}).live.net(), 0);
+}
+
+TEST(LogFilter, DamagedLinesShowWithoutAWishAndOnTheirOwn) {
+    const LogIndex index = indexOf(lineOf({}) + "broken\r\n");
+    EXPECT_EQ(totalsOf(index).lines, 2U);
+    EXPECT_EQ(totalsOf(index, {.from = 20000101}).lines, 1U);
+    EXPECT_EQ(totalsOf(index, {.from = 20000101, .damagedOnly = true}).lines, 1U);
+    EXPECT_EQ(totalsOf(index, {.damagedOnly = true}).damaged, 1U);
+}
+
+} // namespace
+} // namespace tollvane::logviewer
