@@ -10,7 +10,10 @@ namespace tollvane::test {
 
 namespace {
 
-constexpr double kTwipsPerPoint = 20;
+// Of a font of one point, in twips.
+constexpr double kLetterWidth = 10;
+constexpr double kBoldLetterWidth = 11;
+constexpr double kLineHeight = 23;
 
 class FakePrintJob : public PrintJob {
 public:
@@ -123,11 +126,11 @@ std::vector<std::string> PrintedDocument::words() const {
 }
 
 double FakePrinters::letterWidth(const PrintFont& font) {
-    return font.points * kTwipsPerPoint * (font.bold ? 0.55 : 0.5);
+    return font.points * (font.bold ? kBoldLetterWidth : kLetterWidth);
 }
 
 double FakePrinters::lineHeight(const PrintFont& font) {
-    return font.points * kTwipsPerPoint * 1.15;
+    return font.points * kLineHeight;
 }
 
 std::unique_ptr<PrintJob> FakePrinters::defaultPrinter(const std::string& documentName) {
