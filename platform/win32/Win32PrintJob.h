@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Error.h"
 #include "platform/Printer.h"
 #include "platform/win32/Handles.h"
+#include "platform/win32/PrintCanvas.h"
 
 #include <windows.h>
 
@@ -28,42 +28,33 @@ private:
     bool open_ = false;
 };
 
-/// Draws on a device context whose origin is the corner of the printable area.
+/// Prints on a device context whose origin is the corner of the printable area.
 class Win32PrintJob final : public PrintJob {
 public:
     Win32PrintJob(DeviceContextHandle context, std::string documentName);
-    ~Win32PrintJob() override;
 
     double left() override { return 0; }
-    double width() override;
-    double height() override;
-    void setFont(const PrintFont& font) override;
+    double width() override { return canvas_.width(); }
+    double height() override { return canvas_.height(); }
+    void setFont(const PrintFont& font) override { canvas_.setFont(font); }
     double currentX() const override { return x_; }
     void setCurrentX(double x) override { x_ = x; }
     double currentY() const override { return y_; }
     void setCurrentY(double y) override { y_ = y; }
-    double textWidth(std::string_view text) override;
-    double textHeight(std::string_view text) override;
+    double textWidth(std::string_view text) override { return canvas_.textWidth(text); }
+    double textHeight(std::string_view) override { return canvas_.lineHeight(); }
     void print(std::string_view text) override;
     void drawLine(double fromX, double fromY, double toX, double toY) override;
     void endDocument() override;
 
 private:
     void openDocument();
-    POINT pixels(double x, double y) const;
 
-    DeviceContextHandle context_;
-    std::string documentName_;
-    FontHandle font_;
-    int dpiX_;
-    int dpiY_;
+    PrintCanvas canvas_;
     PrinterDocument document_;
+    std::string documentName_;
     double x_ = 0;
     double y_ = 0;
 };
-
-/// What a printing call of the system that returned `result` (0 or less) stands for: 32755 when
-/// somebody cancelled, otherwise the system's number and text.
-Error printingError(int result);
 
 } // namespace tollvane::win32
