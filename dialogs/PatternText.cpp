@@ -7,10 +7,11 @@ std::string patternText(std::string_view text, std::string_view pattern) {
     std::string shown;
     std::size_t next = text.find_first_of(kDigits);
     for (const char place : pattern) {
+        if (next == std::string_view::npos) {
+            break;
+        }
         if (place != '#') {
             shown += place;
-        } else if (next == std::string_view::npos) {
-            break;
         } else {
             shown += text[next];
             next = text.find_first_of(kDigits, next + 1);

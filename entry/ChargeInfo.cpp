@@ -150,6 +150,7 @@ void ChargeInfo::optTransType_Click(int index) {
 void ChargeInfo::chkTaxExempt_Click() {
     if (controls_.chkTaxExempt.checked()) {
         controls_.txtTaxAmount.setText(zeroCurrency(desktop_));
+        money_.recolour();
     }
 }
 

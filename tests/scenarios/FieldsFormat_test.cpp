@@ -45,7 +45,7 @@ TEST_F(FieldsFormat, NoneLeavesTextAsItIsTyped) {
     EXPECT_EQ(typed("Ab 1.2.3-%"), "Ab 1.2.3-%");
 }
 
-TEST_F(FieldsFormat, LowerAndUpperCaseChangeLetters) {
+TEST_F(FieldsFormat, LowerCaseChangesLetters) {
     enter(formattype::lowerCase);
     EXPECT_EQ(typed("Ab1"), "ab1");
 }
@@ -69,7 +69,9 @@ TEST_F(FieldsFormat, ProperCaseCapitalisesAddresses) {
 
     enter(formattype::properCase);
     EXPECT_EQ(typed("45 nw"), "45 NW");
+}
 
+TEST_F(FieldsFormat, ProperCaseCapitalisesTheLetterBehindAnApostrophe) {
     enter(formattype::properCase);
     EXPECT_EQ(typed("o'neil"), "O'Neil");
 }

@@ -187,6 +187,19 @@ TEST_P(FieldsMoney, FollowsALocaleWithADecimalComma) {
     EXPECT_EQ(box().text(), "7,25 \x80");
 }
 
+TEST_P(FieldsMoney, SaysThatATextIsNoAmount) {
+    box().setText("1x2");
+
+    enterBox();
+
+    const std::vector<Message> boxes = till.boxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text.substr(0, boxes[0].text.find(", ")),
+              "There was an error showing the amount.\r\n\r\nError: 13");
+    EXPECT_EQ(box().text(), "1x2") << "nothing is made of it";
+    box().setText("1");
+}
+
 INSTANTIATE_TEST_SUITE_P(In, FieldsMoney, ::testing::Values("txtAmount", "txtTaxAmount"),
                          [](const auto& row) { return std::string(row.param); });
 
@@ -211,6 +224,17 @@ TEST_F(FieldsTax, TickingExemptSetsItToZeroAndUntickingLeavesIt) {
     till.enter("txtTaxAmount", "$2.50");
     till.press("chkTaxExempt");
     EXPECT_EQ(till.text("txtTaxAmount"), "$2.50");
+}
+
+TEST_F(FieldsTax, TickingExemptTakesTheRedFromANegativeTax) {
+    till.box("txtTaxAmount").setFocus();
+    till.desktop.robot->typeText("-5");
+    till.box("txtEMail").setFocus();
+    ASSERT_EQ(till.box("txtTaxAmount").foreColour(), kRed);
+
+    till.press("chkTaxExempt");
+
+    EXPECT_EQ(till.box("txtTaxAmount").foreColour(), kNormal);
 }
 
 TEST_F(FieldsTax, TheAmountShowsItsTipWhenTheSettingAsksForIt) {

@@ -239,6 +239,26 @@ TEST_F(FieldsSwipe, IsReplacedByEditingTheCardNumber) {
     EXPECT_EQ(till.button("cmdCancel").caption(), "Cancel");
 }
 
+TEST_F(FieldsSwipe, IsSentAsAKeyedCardOnceTheCardNumberIsEdited) {
+    goTo("txtCardNumber");
+    type(kCard);
+    pause();
+    for (const char* box : {"txtBillToStreet", "txtBillToCity", "txtBillToZip"}) {
+        till.enter(box, "1");
+    }
+    till.enterState("IL");
+    till.enter("txtAmount", "$25.00");
+    goTo("txtCardNumber");
+    type("4012888888881881");
+    till.enter("txtCardCode", "123");
+
+    till.submit();
+
+    EXPECT_EQ(till.operations(), (std::vector<std::string>{"AuthorizeAndCapture"}));
+    EXPECT_EQ(till.held("Track1"), "");
+    EXPECT_EQ(till.held("CardNumber"), "4012888888881881");
+}
+
 TEST_F(FieldsSwipe, TakesANameWithoutASlashAsItIs) {
     goTo("txtDescription");
 

@@ -3,6 +3,7 @@
 #include "settings/AppProperties.h"
 #include "tests/scenarios/Till.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace tollvane::test {
@@ -28,6 +29,18 @@ protected:
                 names.push_back(call.subKey);
             }
         }
+        return names;
+    }
+    /// The values that were read last, by their names.
+    std::vector<std::string> lastRead(std::size_t count) const {
+        std::vector<std::string> names;
+        for (const RegistryCall& call : till.desktop.registry.callsOf("queryValueEx")) {
+            if (names.empty() || names.back() != call.subKey) {
+                names.push_back(call.subKey);
+            }
+        }
+        names.erase(names.begin(),
+                    names.end() - static_cast<std::ptrdiff_t>(std::min(count, names.size())));
         return names;
     }
     AppProperties stored() { return AppProperties(till.desktop.desktop()); }
@@ -60,7 +73,7 @@ TEST_F(Options, OpenedAndCancelledWriteNothing) {
     EXPECT_FALSE(stored().PONumberRequired());
 }
 
-TEST_F(Options, AppliedAndClosedWithOkAreWrittenOnceInTheirOrder) {
+TEST_F(Options, AppliedAndThenClosedWithOkAreWrittenOnce) {
     till.desktop.registry.forgetCalls();
 
     inDialog([&](Form& form) {
@@ -69,8 +82,30 @@ TEST_F(Options, AppliedAndClosedWithOkAreWrittenOnceInTheirOrder) {
         till.desktop.robot->click(form, "cmdApply");
         EXPECT_TRUE(form.isOpen());
         EXPECT_FALSE(form.control<Button>("cmdApply").enabled());
+        EXPECT_EQ(written().size(), 10U);
         till.desktop.robot->click(form, "cmdOK");
         EXPECT_FALSE(form.isOpen());
+    });
+
+    EXPECT_EQ(written().size(), 10U);
+    EXPECT_TRUE(stored().DescriptionRequired());
+}
+
+TEST_F(Options, AreReadAndWrittenInTheirOrder) {
+    inDialog([&](Form& form) { // so that every one is there
+        till.desktop.robot->click(form, "chkRDescription");
+        till.desktop.robot->click(form, "cmdOK");
+    });
+    till.desktop.registry.forgetCalls();
+
+    inDialog([&](Form& form) {
+        EXPECT_EQ(lastRead(10),
+                  (std::vector<std::string>{"InvoiceNumberForPONumber", "DefaultInvoiceNumbers",
+                                            "ShopAddressForBillToAddress", "ShowRefundVoidWarning",
+                                            "FormatType", "BillToAddress", "CardCode",
+                                            "InvoiceNumber", "PONumber", "Description"}));
+        till.desktop.robot->click(form, "chkRDescription");
+        till.desktop.robot->click(form, "cmdOK");
     });
 
     EXPECT_EQ(written(),
@@ -78,7 +113,89 @@ TEST_F(Options, AppliedAndClosedWithOkAreWrittenOnceInTheirOrder) {
                                         "ShopAddressForBillToAddress", "ShowRefundVoidWarning",
                                         "FormatType", "BillToAddress", "CardCode", "InvoiceNumber",
                                         "PONumber", "Description"}));
-    EXPECT_TRUE(stored().DescriptionRequired());
+}
+
+TEST_F(Options, EveryBoxAndEveryFormatMakesApplyAvailable) {
+    std::vector<std::pair<const char*, int>> controls{{"chkRCardCode", -1},
+                                                      {"chkRPONumber", -1},
+                                                      {"chkRDescription", -1},
+                                                      {"chkRInvoiceNum", -1},
+                                                      {"chkRBillingAddress", -1},
+                                                      {"chkDefaultInvoiceNumber", -1},
+                                                      {"chkInvoiceForPONumber", -1},
+                                                      {"chkShopAddrForBlank", -1},
+                                                      {"chkShowRefundVoidWarning", -1}};
+    for (int format = 0; format < 4; ++format) {
+        controls.emplace_back("optFormat", format);
+    }
+    for (const auto& [name, index] : controls) {
+        inDialog([&](Form& form) {
+            EXPECT_FALSE(form.control<Button>("cmdApply").enabled()) << name;
+            till.desktop.robot->click(form, name, index);
+            EXPECT_TRUE(form.control<Button>("cmdApply").enabled()) << name << index;
+        });
+    }
+}
+
+TEST_F(Options, EveryBoxIsStoredInItsOwnSetting) {
+    const std::vector<std::pair<const char*, bool (AppProperties::*)() const>> boxes{
+        {"chkRCardCode", &AppProperties::CardCodeRequired},
+        {"chkRPONumber", &AppProperties::PONumberRequired},
+        {"chkRDescription", &AppProperties::DescriptionRequired},
+        {"chkRInvoiceNum", &AppProperties::InvoiceNumberRequired},
+        {"chkRBillingAddress", &AppProperties::BillToAddressRequired},
+        {"chkDefaultInvoiceNumber", &AppProperties::DefaultInvoiceNumber},
+        {"chkInvoiceForPONumber", &AppProperties::InvoiceNumberForPONumber},
+        {"chkShopAddrForBlank", &AppProperties::ShopAddressForBillToAddress},
+        {"chkShowRefundVoidWarning", &AppProperties::ShowRefundVoidWarning}};
+    for (const auto& changed : boxes) {
+        std::vector<bool> before;
+        for (const auto& box : boxes) {
+            before.push_back((stored().*box.second)());
+        }
+        inDialog([&](Form& form) {
+            till.desktop.robot->click(form, changed.first);
+            till.desktop.robot->click(form, "cmdOK");
+        });
+        for (std::size_t i = 0; i < boxes.size(); ++i) {
+            const bool isIt = boxes[i].first == changed.first;
+            EXPECT_EQ((stored().*boxes[i].second)(), isIt ? !before[i] : before[i])
+                << changed.first << " changed, " << boxes[i].first << " stored";
+        }
+    }
+}
+
+TEST_F(Options, OfAnEarlierOpeningThatWereNotStoredAreGone) {
+    inDialog([&](Form& form) {
+        till.desktop.robot->click(form, "chkRPONumber");
+        till.desktop.robot->click(form, "cmdCancel");
+    });
+
+    inDialog([&](Form& form) {
+        EXPECT_FALSE(form.control<CheckBox>("chkRPONumber").checked());
+        EXPECT_FALSE(form.control<Button>("cmdApply").enabled());
+    });
+}
+
+TEST_F(Options, WithoutTheRightToWriteShowABoxForEachAndTheProgramGoesOn) {
+    const std::string key = "HKEY_LOCAL_MACHINE\\Software\\Norrow Programs\\Tollvane";
+    till.desktop.registry.deny(key, registry::anyWrite);
+
+    inDialog([&](Form& form) {
+        till.desktop.robot->click(form, "chkRPONumber");
+        till.desktop.robot->click(form, "cmdOK");
+        EXPECT_FALSE(form.isOpen());
+    });
+
+    const std::vector<Message> boxes = till.boxes();
+    ASSERT_EQ(boxes.size(), 10U);
+    EXPECT_EQ(boxes.front().title, "Tollvane:SaveNumericValue:SaveBooleanValue, Err.Description");
+    EXPECT_TRUE(boxes.front().text.starts_with(
+        "There was an error saving the invoice number for PO number setting.\r\n\r\nError: 5, "
+        "There was an error writing the " +
+        key + "\\Options registry key, access is denied."))
+        << boxes.front().text;
+    till.approveCharge();
 }
 
 TEST_F(Options, WithoutAnyFormatStoreTheLastOne) {

@@ -53,5 +53,28 @@ TEST(ControlFaults, OfAClosingFormNeverKeepTheComponents) {
     });
 }
 
+TEST(ControlFaults, OfSavedOptionsAreToldAndKeepTheDialogOpen) {
+    Till till;
+    till.open();
+    till.desktop.robot->planModal([&](Form& form) {
+        till.desktop.robot->click(form, "chkRPONumber");
+        form.control<Button>("cmdOK").setFocus();
+        till.desktop.faults.failAt(Port::controls, 1, kNumber);
+        till.desktop.robot->click(form, "cmdOK");
+        till.desktop.faults.clear();
+        EXPECT_TRUE(form.isOpen());
+        EXPECT_TRUE(form.control<Button>("cmdApply").enabled()) << "the changes count as unsaved";
+        till.desktop.robot->click(form, "cmdCancel");
+    });
+
+    till.desktop.robot->chooseMenu(till.form(), "mnu_POMore");
+
+    const std::vector<Message> boxes = till.boxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text.substr(0, boxes[0].text.find(", ")),
+              "There was an error saving the changes.\r\n\r\nError:7");
+    EXPECT_TRUE(boxes[0].title.ends_with(":SaveProperties")) << boxes[0].title;
+}
+
 } // namespace
 } // namespace tollvane::test
