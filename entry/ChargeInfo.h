@@ -11,6 +11,7 @@
 #include "platform/Error.h"
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -58,6 +59,11 @@ public:
     void ApplyAutoFormat();
     /// Prints both copies of the last transaction's receipt, or says why there is none.
     void Print_Receipt() noexcept;
+    /// Tells the operator why `name` could not be launched; `code` is the shell's result, 32 or
+    /// less.
+    void ReportLaunchError(std::int32_t code, const std::string& name);
+    /// Appends a line to the call history in the program's folder. Raises what failed.
+    void AppendCallHistory(const std::string& line);
 
     /// True when the entry may be submitted; the charge component then holds its values.
     bool ValidateTransaction();
@@ -77,6 +83,11 @@ private:
     void bindSwipeEvents();
     void attachFormats();
     void bindButtonEvents();
+    void bindMenuEvents();
+    void bindProgramMenu();
+    void bindHistoryMenu();
+    void bindOptionsMenu();
+    void bindHelpMenu();
 
     void Form_Initialize();
     void setMaximumLengths();
@@ -118,10 +129,36 @@ private:
     void cmdSubmit_Click();
     void cmdCancel_Click();
     void cmdModify_Click();
+
+    void mnuProgram_Click();
+    void mnu_PZendaSettings_Click();
+    void mnu_CompanyInfo_Click();
     void mnu_Report_Click();
+    void mnuPrinter_Click();
+    void mnuWindow_Click();
+    void mnu_POptions_Click();
+    void mnu_POAnone_Click();
+    void mnu_POALowerCase_Click();
+    void mnu_POAUpperCase_Click();
+    void mnu_POAProperCase_Click();
+    void mnu_PODefault_Click();
     void mnu_POMore_Click();
+    void mnuExit_Click();
+    void mnu_Print_Click();
+    void mnu_PrintReceipt_Click();
+    void mnu_HContents_Click();
+    void mnu_HData_Click();
+    void mnu_About_Click();
     void mnu_PGateway_Click();
     void mnu_PSettings_Click();
+
+    void chooseFormat(std::int32_t type);
+    bool transactionLogExists();
+    /// The log viewer is in the menu where it stands beside the program.
+    void offerLogViewer();
+    void launchTransactionLog(const std::string& verb, const std::string& name);
+    /// What the Help button of a box opens.
+    void showHelpOf(const Message& box);
 
     void submit();
     bool runOperation(std::string_view& operationName);

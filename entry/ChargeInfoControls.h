@@ -59,10 +59,26 @@ struct ChargeInfoControls {
     Timer& tmrKbBuffer;
     StatusBar& sbrStatus;
 
+    MenuItem& mnuProgram;
+    MenuItem& mnu_PZendaSettings;
     MenuItem& mnu_CompanyInfo;
     MenuItem& mnu_Report;
+    MenuItem& mnu_HSep;
+    MenuItem& mnuPrinter;
+    MenuItem& mnuWindow;
+    MenuItem& mnu_POptions;
+    MenuItem& mnu_POAnone;
+    MenuItem& mnu_POALowerCase;
+    MenuItem& mnu_POAUpperCase;
+    MenuItem& mnu_POAProperCase;
+    MenuItem& mnu_PODefault;
     MenuItem& mnu_POMore;
     MenuItem& mnuExit;
+    MenuItem& mnu_Print;
+    MenuItem& mnu_PrintReceipt;
+    MenuItem& mnu_HContents;
+    MenuItem& mnu_HData;
+    MenuItem& mnu_About;
     MenuItem& mnu_PGateway;
     MenuItem& mnu_PSettings;
 };

@@ -2,7 +2,6 @@
 
 #include "app/CommonRoutines.h"
 #include "dialogs/frmCompanyInfo.h"
-#include "dialogs/frmOptions.h"
 #include "entry/ChargeInfo.h"
 #include "entry/ChargeInfoLayout.h"
 #include "platform/Text.h"
@@ -24,8 +23,6 @@ constexpr const char* kPositionSection = "Form";
 constexpr std::string_view kCaption = "Credit Card Charge/Credit";
 constexpr std::string_view kTestModeMark = "   ** TEST MODE **";
 
-constexpr const char* kLogViewer = "LogLens.exe";
-
 /// One coordinate of the window: the INI file's where it has one, else the stored one. A file can
 /// hold any number; one that no coordinate reaches becomes the farthest.
 int coordinate(const Desktop& desktop, const char* key, int stored) {
@@ -44,6 +41,7 @@ void ChargeInfo::bindEvents() {
     bindEntryEvents();
     bindFieldEvents();
     bindButtonEvents();
+    bindMenuEvents();
 }
 
 void ChargeInfo::bindFormEvents() {
@@ -93,25 +91,11 @@ void ChargeInfo::bindButtonEvents() {
         guarded("There was an error getting an approval.", &ChargeInfo::cmdSubmit_Click);
     controls_.cmdCancel.on.click =
         guarded("There was an error closing the form.", &ChargeInfo::cmdCancel_Click);
-    controls_.cmdModify.on.click =
-        guarded("There was an error opening the menu.", &ChargeInfo::cmdModify_Click);
     for (Button* button : {&controls_.cmdSubmit, &controls_.cmdCancel}) {
         button->on.lostFocus = [this, button] {
             guard("There was an error moving the focus.", [&] { returnFocusFrom(*button); });
         };
     }
-    controls_.mnu_CompanyInfo.on.click = guarded(
-        "There was an error opening the company information.", &ChargeInfo::ShowCompanyInfo);
-    controls_.mnu_POMore.on.click =
-        guarded("There was an error opening the options.", &ChargeInfo::mnu_POMore_Click);
-    controls_.mnu_Report.on.click = guarded("There was an error starting the transaction browser.",
-                                            &ChargeInfo::mnu_Report_Click);
-    controls_.mnuExit.on.click =
-        guarded("There was an error closing the form.", &ChargeInfo::cmdCancel_Click);
-    controls_.mnu_PGateway.on.click =
-        guarded("There was an error configuring the gateway.", &ChargeInfo::mnu_PGateway_Click);
-    controls_.mnu_PSettings.on.click = guarded(
-        "There was an error configuring the gateway settings.", &ChargeInfo::mnu_PSettings_Click);
 }
 
 void ChargeInfo::Form_Initialize() {
@@ -131,10 +115,7 @@ void ChargeInfo::Form_Initialize() {
     form_->setKeyPreview(true);
     guard("There was an error showing the data path.", [this] { showDataPath(); });
     guard("There was an error showing the company information.", [this] { showCompanyAddress(); });
-    guard("There was an error preparing the menus.", [this] {
-        controls_.mnu_Report.setVisible(
-            FileExists(desktop_.files, AppFolder(desktop_.files) + kLogViewer));
-    });
+    guard("There was an error preparing the menus.", [this] { offerLogViewer(); });
 }
 
 void ChargeInfo::setMaximumLengths() {
@@ -225,31 +206,6 @@ void ChargeInfo::Form_Unload() {
         guard("There was an error clearing the card data.", [secret] { secret->wipeText(); });
     }
     components_.ReleaseComponents();
-}
-
-void ChargeInfo::mnu_Report_Click() {
-    const ChargeComponent& charge = components_.charge();
-    RunProgram(desktop_.files, AppFolder(desktop_.files) + kLogViewer,
-               charge.LogFilePath() + "\\" + charge.LogFileName());
-}
-
-void ChargeInfo::mnu_POMore_Click() {
-    frmOptions dialog(desktop_);
-    dialog.onSaved = [this] { ApplyAutoFormat(); };
-    dialog.showModal(*form_);
-}
-
-void ChargeInfo::cmdModify_Click() {
-    form_->popUpMenu("mnuPopup");
-}
-
-void ChargeInfo::mnu_PGateway_Click() {
-    ChargeComponent(components_.charge()).ConfigureGateway();
-    Form_Activate();
-}
-
-void ChargeInfo::mnu_PSettings_Click() {
-    ChargeComponent(components_.charge()).ConfigureSettings();
 }
 
 void ChargeInfo::returnFocusFrom(Control& left) {

@@ -2,6 +2,7 @@
 
 #include "entry/ChargeInfo.h"
 #include "entry/Raised.h"
+#include "output/HelpFiles.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -11,7 +12,6 @@ namespace tollvane {
 
 namespace {
 
-constexpr const char* kGatewayHelp = "zendacard.hlp";
 constexpr const char* kLineBreak = "\r\n";
 constexpr const char* kBlankLine = "\r\n\r\n";
 
@@ -107,7 +107,8 @@ void ChargeInfo::reportFailure(std::string_view operationName) {
         {.text = "The " + std::string(operationName) + " failed." + kBlankLine + detail,
          .title = "Authorization Failed",
          .helpFile = kGatewayHelp,
-         .helpTopic = helpTopic(response, reason)});
+         .helpTopic = helpTopic(response, reason),
+         .help = [this](const Message& box) { showHelpOf(box); }});
 }
 
 void ChargeInfo::completeApproval(std::string_view operationName) {

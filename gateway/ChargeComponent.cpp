@@ -185,5 +185,8 @@ std::string ChargeComponent::LogFilePath() const {
 std::string ChargeComponent::LogFileName() const {
     return text("LogFileName");
 }
+std::string ChargeComponent::Data_Path() const {
+    return text("Data_Path");
+}
 
 } // namespace tollvane

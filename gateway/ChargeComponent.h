@@ -111,6 +111,8 @@ public:
     /// Folder and name of the transaction log.
     std::string LogFilePath() const;
     std::string LogFileName() const;
+    /// Folder of the component's data.
+    std::string Data_Path() const;
 
 private:
     std::string text(std::string_view property) const;

@@ -7,6 +7,7 @@
 #include "platform/Printer.h"
 #include "platform/ProgramFacts.h"
 #include "platform/Registry.h"
+#include "platform/Shell.h"
 #include "platform/Surroundings.h"
 
 namespace tollvane {
@@ -26,6 +27,7 @@ struct Desktop {
     Mouse& mouse;
     RandomNumbers& random;
     Beeper& beeper;
+    Shell& shell;
     Printers& printers;
 };
 

@@ -3,12 +3,16 @@
 #include "platform/Controls.h"
 #include "platform/Error.h"
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace tollvane {
+
+/// The handle of a window as other programs and components get it; 0 is none.
+using WindowNumber = std::int32_t;
 
 /// How a control follows the lower right corner of a form that is made larger.
 struct Follow {
@@ -99,6 +103,8 @@ public:
     /// The control that has the focus, or null.
     virtual Control* activeControl() = 0;
 
+    /// The window's handle; 0 once the form has been closed.
+    virtual WindowNumber handle() const = 0;
     virtual std::string caption() const = 0;
     virtual void setCaption(const std::string& caption) = 0;
     virtual int left() const = 0;             ///< twips

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace tollvane {
@@ -15,8 +16,10 @@ struct Message {
     MessageIcon icon = MessageIcon::information;
     MessageButtons buttons = MessageButtons::ok;
     int defaultButton = 1;  ///< 1 is the first button
-    std::string helpFile{}; ///< not empty: a Help button that opens this file ...
+    std::string helpFile{}; ///< not empty: a Help button, meant for this file ...
     long helpTopic = 0;     ///< ... at this topic
+    /// What the Help button does; the box stays open meanwhile.
+    std::function<void(const Message& box)> help{};
 };
 
 class MessageBoxes {

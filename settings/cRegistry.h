@@ -73,6 +73,9 @@ public:
     std::int32_t EnumStringValues(std::int32_t hKeyRoot, const std::string& hKeySubKey,
                                   std::vector<std::string>& Values);
 
+    /// The system's text for a status code.
+    std::string GetErrorDescription(long code);
+
 private:
     /// What a value query needs and gives back.
     struct Query {
@@ -90,7 +93,6 @@ private:
     void finishDeletion(OpenKey& key, long openStatus);
     void deleteChildren(std::int32_t root, const std::string& path);
 
-    std::string GetErrorDescription(long code);
     static std::string GetRootKeyName(std::int32_t hKeyRoot);
 
     /// "There was an error <doing> the <key> registry key, <system text>".

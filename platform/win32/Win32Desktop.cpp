@@ -9,7 +9,7 @@ Win32Desktop::Win32Desktop(HINSTANCE instance)
 
 Desktop Win32Desktop::desktop() {
     return {forms_, messageBoxes_, registry_, automation_, files_,  program_, locale_,
-            clock_, screen_,       mouse_,    random_,     beeper_, printers_};
+            clock_, screen_,       mouse_,    random_,     beeper_, shell_,   printers_};
 }
 
 void Win32Desktop::run() {

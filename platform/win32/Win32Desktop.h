@@ -10,6 +10,7 @@
 #include "platform/win32/Win32Printers.h"
 #include "platform/win32/Win32ProgramFacts.h"
 #include "platform/win32/Win32Registry.h"
+#include "platform/win32/Win32Shell.h"
 #include "platform/win32/Win32Surroundings.h"
 
 namespace tollvane::win32 {
@@ -43,6 +44,7 @@ private:
     Win32RandomNumbers random_;
     Win32Beeper beeper_;
     Win32Printers printers_;
+    Win32Shell shell_;
 };
 
 } // namespace tollvane::win32

@@ -28,6 +28,36 @@ std::uint32_t Win32Files::probeForReading(const std::string& path) {
     return ERROR_SUCCESS;
 }
 
+std::string Win32Files::findFile(const std::string& path) {
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = FindFirstFileA(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return {};
+    }
+    FindClose(search);
+    return found.cFileName;
+}
+
+std::uint32_t Win32Files::setAttributes(const std::string& path, std::uint32_t attributes) {
+    return SetFileAttributesA(path.c_str(), attributes) ? ERROR_SUCCESS : GetLastError();
+}
+
+std::uint32_t Win32Files::append(const std::string& path, std::string_view bytes) {
+    const HANDLE opened = CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
+                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) {
+        return GetLastError();
+    }
+    const KernelHandle file(opened);
+    DWORD written = 0;
+    const auto size = static_cast<DWORD>(bytes.size());
+    if (!WriteFile(file.get(), bytes.data(), size, &written, nullptr)) {
+        return GetLastError();
+    }
+    // A disk without room for all of it takes a part and calls that a success.
+    return written == size ? ERROR_SUCCESS : ERROR_DISK_FULL;
+}
+
 std::string Win32Files::profileString(const std::string& section, const std::string& key,
                                       const std::string& fallback, std::uint32_t bufferSize,
                                       const std::string& file) {

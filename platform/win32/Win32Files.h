@@ -7,6 +7,9 @@ namespace tollvane::win32 {
 class Win32Files final : public Files {
 public:
     std::uint32_t probeForReading(const std::string& path) override;
+    std::string findFile(const std::string& path) override;
+    std::uint32_t setAttributes(const std::string& path, std::uint32_t attributes) override;
+    std::uint32_t append(const std::string& path, std::string_view bytes) override;
     std::string profileString(const std::string& section, const std::string& key,
                               const std::string& fallback, std::uint32_t bufferSize,
                               const std::string& file) override;

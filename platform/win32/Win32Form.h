@@ -18,6 +18,7 @@ public:
     std::span<Control* const> controls() override { return ports_; }
     Control* activeControl() override;
 
+    WindowNumber handle() const override { return HandleToLong(core_.window()); }
     std::string caption() const override { return caption_; }
     void setCaption(const std::string& caption) override;
     int left() const override;

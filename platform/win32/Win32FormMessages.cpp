@@ -165,9 +165,8 @@ std::optional<LRESULT> Win32Form::windowMessage(UINT message, WPARAM first, LPAR
         }
         return 0;
     case WM_HELP:
-        if (const Message* box = core_.ui().openBox(); box && !box->helpFile.empty()) {
-            WinHelpA(core_.window(), box->helpFile.c_str(), HELP_CONTEXT,
-                     static_cast<ULONG_PTR>(box->helpTopic));
+        if (const Message* box = core_.ui().openBox(); box && box->help) {
+            raise([box] { box->help(*box); });
         }
         return TRUE;
     default: return std::nullopt;

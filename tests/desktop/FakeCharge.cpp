@@ -170,7 +170,7 @@ void FakeCharge::addHousekeeping() {
     object_->readOnly("TestMode", [this] { return Variant(testMode); });
     object_->readOnly("LogFilePath", [this] { return Variant(logFilePath); });
     object_->readOnly("LogFileName", [this] { return Variant(logFileName); });
-    object_->readOnly("Data_Path", [] { return Variant(std::string("c:\\zenda\\data")); });
+    object_->readOnly("Data_Path", [this] { return Variant(dataPath); });
     object_->method("ConfigureGateway", [this](std::vector<Argument>&) -> Variant {
         ++gatewayConfigured;
         if (onConfigureGateway) {

@@ -66,6 +66,7 @@ public:
     bool testMode = false;
     std::string logFilePath = "C:\\ProgramData\\Tollvane";
     std::string logFileName = "Transactions.log";
+    std::string dataPath = "c:\\zenda\\data";
     int cleared = 0;
     int freed = 0;
     int gatewayConfigured = 0;

@@ -18,6 +18,7 @@ enum class Port {
     program,
     locale,
     printer,
+    shell, ///< launches give the planned number back; help is not shown
     count
 };
 

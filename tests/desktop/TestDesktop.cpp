@@ -16,7 +16,7 @@ Desktop TestDesktop::desktop() {
     return {
         *useForms_,  *useMessageBoxes_, *useRegistry_, *useAutomation_, *useFiles_, *useProgram_,
         *useLocale_, *useClock_,        *useScreen_,   mouse,           random,     beeper,
-        printers};
+        shell,       printers};
 }
 
 void TestDesktop::expectNothingLeftOver() const {

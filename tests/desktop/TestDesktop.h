@@ -10,6 +10,7 @@
 #include "tests/desktop/FakePrinters.h"
 #include "tests/desktop/FakeProgramFacts.h"
 #include "tests/desktop/FakeRegistry.h"
+#include "tests/desktop/FakeShell.h"
 #include "tests/desktop/FakeSurroundings.h"
 #include "tests/desktop/FaultPlan.h"
 #include "tests/desktop/RecordedMessageBoxes.h"
@@ -66,6 +67,7 @@ public:
     FakeRandom random;
     FakeBeeper beeper;
     FakePrinters printers{faults};
+    FakeShell shell{faults};
 
     AutomationRecord record{faults};
     FakeAutomation automation{faults};

@@ -12,9 +12,9 @@ constexpr long kCannotShow = 400;
 } // namespace
 
 MemoryForm::MemoryForm(MemoryForms& host, const FormDescription& description)
-    : host_(host), name_(description.name), caption_(description.caption),
-      defaultButton_(description.defaultButton), cancelButton_(description.cancelButton),
-      resizable_(description.resizable) {
+    : host_(host), handle_(host.newHandle()), name_(description.name),
+      caption_(description.caption), defaultButton_(description.defaultButton),
+      cancelButton_(description.cancelButton), resizable_(description.resizable) {
     addControls(description);
     addMenus(description);
     for (const auto& core : cores_) {

@@ -20,6 +20,7 @@ public:
     Control& find(std::string_view name, int index) override { return core(name, index).control(); }
     std::span<Control* const> controls() override { return view_; }
     Control* activeControl() override { return active_ ? &active_->control() : nullptr; }
+    WindowNumber handle() const override { return closed_ ? 0 : handle_; }
     std::string caption() const override { return caption_; }
     void setCaption(const std::string& caption) override;
     int left() const override { return left_; }
@@ -88,6 +89,7 @@ private:
     std::vector<MemoryMenuItem*> menusAbove(const MemoryMenuItem& item) const;
 
     MemoryForms& host_;
+    WindowNumber handle_;
     std::string name_;
     std::string caption_;
     std::string defaultButton_;

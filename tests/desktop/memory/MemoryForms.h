@@ -40,6 +40,8 @@ public:
     void changing(const std::string& what);
 
     void letTimePass(int milliseconds);
+    /// A handle for a new form.
+    WindowNumber newHandle() { return ++lastHandle_; }
     FakeClock& clock() { return setup_.clock; }
 
     std::deque<std::function<void(Form&)>> modalPlans;
@@ -54,6 +56,7 @@ private:
     std::vector<MemoryForm*> order_; ///< open forms, the one active last at the end
     std::vector<MemoryForm*> modals_;
     MemoryForm* active_ = nullptr;
+    WindowNumber lastHandle_ = 0x10000;
     int handlerDepth_ = 0;
 };
 
