@@ -83,6 +83,8 @@ void FormMonkey::startAfresh() {
     till_.list("cboExpMonth").setListIndex(0);
     till_.box("txtCardName").setFocus();
     till_.boxes();
+    till_.desktop.record.forget();
+    till_.desktop.registry.forgetCalls();
     ownRecord_ = false;
 }
 
