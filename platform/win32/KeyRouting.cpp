@@ -3,6 +3,9 @@
 #include "platform/win32/FormCore.h"
 #include "platform/win32/NativeControl.h"
 
+#include <array>
+#include <utility>
+
 namespace tollvane::win32 {
 
 namespace {
@@ -12,8 +15,14 @@ bool isDown(int key) {
 }
 
 int shiftState() {
-    return (isDown(VK_SHIFT) ? shiftmask::shift : 0) |
-           (isDown(VK_CONTROL) ? shiftmask::control : 0) | (isDown(VK_MENU) ? shiftmask::alt : 0);
+    // One question to the system, and not three: it is asked at every key of a card reader.
+    std::array<BYTE, 256> keys{};
+    GetKeyboardState(keys.data());
+    const auto mask = [&keys](std::size_t key, int bit) {
+        return (keys[key] & 0x80) != 0 ? bit : 0;
+    };
+    return mask(VK_SHIFT, shiftmask::shift) | mask(VK_CONTROL, shiftmask::control) |
+           mask(VK_MENU, shiftmask::alt);
 }
 
 bool isModifier(WPARAM key) {
@@ -29,6 +38,7 @@ bool isLetterOrDigit(WPARAM key) {
 
 bool KeyRouting::keyDown(NativeControl* target, WPARAM& key, bool system) {
     form_.ui().takeDroppedKey();
+    listWasOpen_ = target && target->keepsEnterAndEscape();
     if (isModifier(key)) {
         return true;
     }
@@ -73,6 +83,8 @@ bool KeyRouting::raiseKeyDown(NativeControl* target, WPARAM& key) {
 }
 
 void KeyRouting::character(NativeControl* target, WPARAM character, LPARAM info) {
+    const bool kept =
+        std::exchange(listWasOpen_, false) || (target && target->keepsEnterAndEscape());
     if (form_.ui().takeDroppedKey() || character == '\t' || character == 0) {
         return;
     }
@@ -86,7 +98,6 @@ void KeyRouting::character(NativeControl* target, WPARAM character, LPARAM info)
     if (code == 0 || isGone(target)) {
         return;
     }
-    const bool kept = target && target->keepsEnterAndEscape();
     if (!kept && code == VK_RETURN) {
         enter(target);
     } else if (!kept && code == VK_ESCAPE) {

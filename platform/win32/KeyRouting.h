@@ -31,6 +31,7 @@ private:
     void pressNamed(const std::string& button) const;
 
     FormCore& form_;
+    bool listWasOpen_ = false; ///< when the key went down, which may have closed it
 };
 
 /// True for a character that comes from holding its key down.

@@ -1,10 +1,16 @@
 #include "platform/win32/MessagePump.h"
 
+#include "platform/win32/FormCore.h"
 #include "platform/win32/Ui.h"
 
 namespace tollvane::win32 {
 
 void dispatch(Ui& ui, MSG& message) {
+    if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
+        if (const FormCore* form = ui.formOf(message.hwnd)) {
+            form->toolTips.mouse(message);
+        }
+    }
     const bool keyDown = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
     if (keyDown && ui.formOf(message.hwnd)) {
         DispatchMessageA(&message);

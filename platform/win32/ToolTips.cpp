@@ -23,7 +23,7 @@ void ToolTips::create() {
 void ToolTips::set(UINT flags, UINT_PTR id, HWND owner, const RECT& area, const char* text) {
     TOOLINFOA tool{};
     tool.cbSize = sizeof tool;
-    tool.uFlags = flags | TTF_SUBCLASS;
+    tool.uFlags = flags;
     tool.hwnd = owner;
     tool.uId = id;
     tool.rect = area;
@@ -33,6 +33,12 @@ void ToolTips::set(UINT flags, UINT_PTR id, HWND owner, const RECT& area, const 
     SendMessageA(window_, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(info));
     if (*text) {
         SendMessageA(window_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(info));
+    }
+}
+
+void ToolTips::mouse(const MSG& message) const {
+    if (window_) {
+        SendMessageA(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
     }
 }
 

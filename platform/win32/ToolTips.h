@@ -15,6 +15,9 @@ public:
 
     /// Takes over text, place and visibility of a control.
     void update(const NativeControl& control);
+    /// To be told of every mouse message of the form and its controls, before they get it: hooking
+    /// into the windows instead would make each of their other messages slower, keys among them.
+    void mouse(const MSG& message) const;
 
 private:
     void create();

@@ -21,10 +21,14 @@ void Win32Timer::restart() {
     if (!form().window()) {
         return;
     }
-    KillTimer(form().window(), idOf(*this));
-    if (enabled_ && interval_ > 0) {
+    const bool wanted = enabled_ && interval_ > 0;
+    if (wanted) {
+        // In place of the one that runs.
         SetTimer(form().window(), idOf(*this), static_cast<UINT>(interval_), nullptr);
+    } else if (runs_) {
+        KillTimer(form().window(), idOf(*this));
     }
+    runs_ = wanted;
 }
 
 } // namespace tollvane::win32

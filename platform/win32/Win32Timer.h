@@ -22,6 +22,7 @@ private:
     void restart();
 
     int interval_;
+    bool runs_ = false;
 };
 
 } // namespace tollvane::win32

@@ -89,6 +89,35 @@ TEST_F(WindowAdapter, AClosedListIsAsHighAsItsBounds) {
     EXPECT_EQ(place.bottom - place.top, win32::scaled(22, win32::windowDpi(window().window())));
 }
 
+/// A form whose default and cancel buttons Enter and Escape press.
+class OpenListAdapter : public ScenarioTest {
+protected:
+    HWND openList() {
+        traced.show();
+        traced.form().find("cboList").setFocus();
+        const HWND list =
+            dynamic_cast<win32::NativeControl&>(traced.form().find("cboList")).window();
+        SendMessageA(list, CB_SHOWDROPDOWN, TRUE, 0);
+        traced.watch(watchValues);
+        return list;
+    }
+
+    TracedForm traced{*desk.forms, {.defaultButton = "cmdPress", .cancelButton = "cmdFree"}};
+};
+
+TEST_F(OpenListAdapter, EnterAndEscapeCloseTheListAndPressNothing) {
+    for (const char* key : {"\r", "\x1b"}) {
+        const HWND list = openList();
+
+        robot.typeText(key);
+        EXPECT_EQ(SendMessageA(list, CB_GETDROPPEDSTATE, 0, 0), FALSE);
+        EXPECT_EQ(traced.take(), "");
+
+        robot.typeText(key);
+        EXPECT_EQ(traced.take(), key[0] == '\r' ? "cmdPress_Click" : "cmdFree_Click");
+    }
+}
+
 TEST_F(WindowAdapter, ABurstOfAReaderArrivesWholeAndInOrder) {
     traced.show();
     const std::string track = "%B4111111111111111^SMITH/JOHN^2712101000000?";
