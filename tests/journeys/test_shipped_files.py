@@ -7,7 +7,8 @@ import pytest
 
 from harness.prefix import STAGE, TOP
 
-FILES = ("Tollvane.exe", "zendacard.dll", "habitat.dll", "dcZenda32.exe", "Norrow_About.dll")
+FILES = ("Tollvane.exe", "zendacard.dll", "habitat.dll", "dcZenda32.exe", "Norrow_About.dll",
+         "LogLens.exe")
 OURS = re.compile(r"lib(gcc|stdc\+\+|winpthread|ssp)", re.IGNORECASE)
 
 
