@@ -10,6 +10,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 from harness.counter import Counter
 from harness.display import Display
 from harness.prefix import Prefix, TOP
+from harness.printers import PrintServer
 from harness.till import Till
 
 KEPT = TOP / "build" / "journeys"
@@ -37,6 +38,14 @@ def prefix(display, pictures):
     made = Prefix.installed(pictures / "prefix", display)
     yield made
     made.remove()
+
+
+@pytest.fixture
+def printers(prefix, pictures):
+    """A print server without a queue; what runs in the prefix from now on prints there."""
+    with PrintServer(pictures / "print-server") as made:
+        prefix.print_server = made.address
+        yield made
 
 
 @pytest.fixture

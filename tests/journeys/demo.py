@@ -5,14 +5,16 @@ Usage: demo.py FOLDER. On a display (DISPLAY is set) it plays there, otherwise o
 
 import os
 import pathlib
+import shutil
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
-from harness import payments
+from harness import company, payments
 from harness.counter import Counter
 from harness.display import Display
 from harness.prefix import Prefix
+from harness.printers import PrintServer
 from harness.till import Till
 
 
@@ -21,8 +23,8 @@ def say(text):
     print("==", text, flush=True)
 
 
-def play(till, prefix):
-    """From the first start to a payment in the shop's books."""
+def play(till, prefix, printers):
+    """From the first start to a payment in the shop's books and its receipt."""
     counter = Counter(till, keep=till.picture)
     say("first start: the first operator; company information is left for later")
     counter.start()
@@ -42,8 +44,12 @@ def play(till, prefix):
     counter.submit(picture="charge-approved")
     till.picture("charge-finished")
     record, = payments.read(prefix)
+    company.store(prefix, company.COMPANY)
+    say("its receipt, printed through the menu")
+    counter.print_receipt(picture="print-menu")
+    receipt = printers.document(1)
     counter.finish()
-    return record
+    return record, receipt
 
 
 def main(folder):
@@ -52,11 +58,14 @@ def main(folder):
     for old in folder.glob("*.png"):
         old.unlink()
     say("preparing a Wine of the demonstration's own")
-    with Display(number=os.environ.get("DISPLAY") or None) as display:
+    with (Display(number=os.environ.get("DISPLAY") or None) as display,
+          PrintServer(folder / "print-server") as printers):
+        printers.add("Receipts", "A4")
         prefix = Prefix.installed(folder / "prefix", display)
+        prefix.print_server = printers.address
         till = Till(prefix, display, folder)
         try:
-            record = play(till, prefix)
+            record, receipt = play(till, prefix, printers)
         except BaseException:
             till.picture("stopped")
             raise
@@ -64,10 +73,11 @@ def main(folder):
             till.close()
     text = "".join(f"{name}: {value}\n" for name, value in record.items())
     (folder / "payment-record.txt").write_text(text, encoding="utf-8")
+    receipt = shutil.copy(receipt, folder / "receipt.pdf")
     say("the payment record, as the host data server tells it")
     print(text, end="")
     say("what there is to see")
-    print(*sorted(folder.glob("*.png")), folder / "payment-record.txt", sep="\n")
+    print(*sorted(folder.glob("*.png")), folder / "payment-record.txt", receipt, sep="\n")
 
 
 if __name__ == "__main__":

@@ -103,6 +103,21 @@ class Counter:
         self.till.choose("cboExpMonth", card.month, form)
         self.till.choose("cboExpYear", card.year, form)
 
+    def swipe(self, card=CARD):
+        """Swipes the card through a reader that sends tracks 1 and 2, each closed by Enter."""
+        form = self.till.form()
+        self.till.click("txtCardName", form)
+        *given, family = card.holder.upper().split()
+        valid = f"{card.year[2:]}08"
+        first = f"%B{card.number}^{family}/{' '.join(given)}^{valid}1010000000000?"
+        second = f";{card.number}={valid}10100000000000?"
+        for track in (first, second):
+            self.till.display.type(track, delay=1)
+            self.till.display.press("Return")
+        self.till.wait("the swiped card",
+                       lambda: self.till.control("txtCardNumber", form).text == card.number,
+                       otherwise=lambda: self.till.control("txtCardNumber", form).text)
+
     def fill_address(self):
         """Keys a whole billing address."""
         form = self.till.form()
@@ -150,6 +165,15 @@ class Counter:
         self.fill_charge(amount, **details)
         self.submit()
         return self.till.text("txtTransactionNumber")
+
+    def print_receipt(self, picture=None):
+        """Prints through the menu, by keyboard alone."""
+        self.till.form()
+        self.till.display.press("alt+r")
+        self.till.await_menu()
+        if picture:
+            self.keep(picture)
+        self.till.display.press("r")
 
     def finish(self):
         """Closes the program by its own button ("Cancel" or "Finished")."""

@@ -27,6 +27,8 @@ class Prefix:
         self.folder = pathlib.Path(folder).resolve()
         self.program_folder = self.folder / INSTALLED
         self.display = display
+        # No printer but those that a journey sets up itself.
+        self.print_server = str(self.folder / "no-print-server")
         self._started = []
 
     @classmethod
@@ -49,7 +51,7 @@ class Prefix:
         base = self.display.environment() if self.display else {**os.environ, "DISPLAY": ""}
         return {**base, "WINEPREFIX": str(self.folder), "WINEARCH": "win64", "WINEDEBUG": "-all",
                 "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d;winedbg.exe=d",
-                "LC_ALL": "C.UTF-8"}
+                "LC_ALL": "C.UTF-8", "CUPS_SERVER": self.print_server}
 
     def start(self, program, *arguments, **options):
         """Starts a program and does not wait for it."""
