@@ -8,7 +8,7 @@ namespace tollvane::logviewer {
 
 namespace {
 
-constexpr std::size_t pieceBytes = 1 << 20;
+constexpr std::size_t pieceBytes = 1 << 18;
 constexpr auto pause = std::chrono::seconds(1);
 
 } // namespace
@@ -34,7 +34,7 @@ void LogReader::restart() {
 }
 
 std::string LogReader::text(const LogRow& row, std::size_t most) const {
-    const std::lock_guard lock(mutex_);
+    const Looker lock(*this);
     return file_.read(row.offset, std::min<std::size_t>(row.length, most));
 }
 
@@ -82,10 +82,16 @@ void LogReader::readOn() {
     }
 }
 
+void LogReader::letLookersGoFirst() const {
+    while (lookers_ > 0)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
 // Answers whether there may be more.
 bool LogReader::readPiece() {
     const std::uint64_t size = file_.size();
     const std::string bytes = file_.read(index_.taken(), pieceBytes);
+    letLookersGoFirst();
     {
         const std::lock_guard lock(mutex_);
         if (stop_ || restart_)

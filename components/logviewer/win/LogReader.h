@@ -4,6 +4,7 @@
 #include "components/logviewer/core/LogIndex.h"
 #include "components/logviewer/win/LogFile.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <filesystem>
@@ -35,7 +36,7 @@ public:
     // work(const LogIndex&, const Progress&) runs while the reader holds still: it must be short.
     template <class Work>
     auto look(Work&& work) const {
-        const std::lock_guard lock(mutex_);
+        const Looker lock(*this);
         return work(index_, progress_);
     }
     // The text of one row, at most so many bytes.
@@ -43,6 +44,25 @@ public:
     [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
 
 private:
+    // Holds the reader still. The reader lets those who want to look go first: it would take its
+    // lock again before they wake up.
+    class Looker {
+    public:
+        explicit Looker(const LogReader& reader) : reader_(reader) {
+            ++reader.lookers_;
+            reader.mutex_.lock();
+        }
+        Looker(const Looker&) = delete;
+        Looker& operator=(const Looker&) = delete;
+        ~Looker() {
+            reader_.mutex_.unlock();
+            --reader_.lookers_;
+        }
+
+    private:
+        const LogReader& reader_;
+    };
+
     void run();
     // One look at the file, to its end.
     void readOn();
@@ -50,9 +70,11 @@ private:
     bool readPiece();
     void finish(const std::string& tail);
     bool waitForMore();
+    void letLookersGoFirst() const;
 
     const std::filesystem::path path_;
     mutable std::mutex mutex_;
+    mutable std::atomic<int> lookers_{0};
     std::condition_variable wake_;
     bool stop_ = false;
     bool restart_ = false;
