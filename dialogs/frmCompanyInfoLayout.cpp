@@ -14,11 +14,16 @@ constexpr int kBoxLeft = 144;
 constexpr int kBoxHeight = 23;
 constexpr int kRowHeight = 30;
 constexpr int kTop = 16;
-constexpr int kButtonTop = kTop + 7 * kRowHeight + 14;
+constexpr int kStateRow = 4;
+constexpr int kStateNameHeight = 16;
+/// Above the state's row there is room for the state's name.
+constexpr int kMoreRoom = kStateNameHeight - (kRowHeight - kBoxHeight);
 
 constexpr int rowTop(int row) {
-    return kTop + row * kRowHeight;
+    return kTop + row * kRowHeight + (row >= kStateRow ? kMoreRoom : 0);
 }
+
+constexpr int kButtonTop = rowTop(7) + 14;
 
 constexpr ControlDescription caption(std::string_view name, std::string_view text, Bounds at) {
     return {.kind = label, .name = name, .caption = text, .at = at};
@@ -66,14 +71,14 @@ constexpr std::array kControls{
     wideBox("txtCompanyAddAddr", 2, "Additional address information (PO Box #, Suite #, ect.)"),
     rowCaption("lblCompanyCity", "&City", 3),
     wideBox("txtCompanyCity", 3, "City to print on receipts"),
-    rowCaption("lblState", "State", 4),
+    rowCaption("lblState", "State", kStateRow),
     ControlDescription{
-        .kind = comboBox, .name = "cboState", .at = {kBoxLeft, rowTop(4), 70, kBoxHeight}},
-    caption("lblCompanyZip", "&Zip Code", {kBoxLeft + 86, rowTop(4) + 4, 64, 16}),
+        .kind = comboBox, .name = "cboState", .at = {kBoxLeft, rowTop(kStateRow), 70, kBoxHeight}},
+    caption("lblCompanyZip", "&Zip Code", {kBoxLeft + 86, rowTop(kStateRow) + 4, 64, 16}),
     // The tip is the phone number's, and has always been.
     ControlDescription{.kind = textBox,
                        .name = "txtCompanyZip",
-                       .at = {kBoxLeft + 152, rowTop(4), 110, kBoxHeight},
+                       .at = {kBoxLeft + 152, rowTop(kStateRow), 110, kBoxHeight},
                        .toolTip = "Phone number to print on receipt",
                        .follow = {.growRight = true}},
     rowCaption("lblCompanyPhone", "&Phone Number", 5),
@@ -85,7 +90,8 @@ constexpr std::array kControls{
     dialogButton("cmdCancel", "Cancel", 1, false),
     dialogButton("cmdApply", "&Apply", 2),
 
-    hidden(caption("lblStateName", "", {kBoxLeft - 60, rowTop(4) - 18, 190, 16})),
+    hidden(caption("lblStateName", "",
+                   {kBoxLeft - 60, rowTop(kStateRow) - kStateNameHeight, 190, kStateNameHeight})),
     ControlDescription{.kind = timer, .name = "tmrDisplay", .interval = 3000},
 };
 

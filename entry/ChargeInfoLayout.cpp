@@ -41,13 +41,23 @@ constexpr int kKindTop = 8;
 constexpr int kCardTop = 74;
 constexpr int kAmountTop = 222;
 constexpr int kAuthTop = 314;
-constexpr int kBillTop = 98;
-constexpr int kOrderTop = 218;
-constexpr int kCheckTop = 370;
+constexpr int kBillTop = 97;
+constexpr int kOrderTop = 227;
+constexpr int kCheckTop = 371;
 constexpr int kButtonTop = 398;
 
 constexpr int row(int frameTop, int number) {
     return frameTop + 20 + number * 28;
+}
+
+/// The state's row leaves room above it for the state's name.
+constexpr int kStateNameHeight = 16;
+constexpr int kMoreRoom = kStateNameHeight - (28 - kBoxHeight);
+constexpr int kStateTop = row(kBillTop, 2) + kMoreRoom;
+
+constexpr Bounds withMoreRoom(Bounds frame) {
+    frame.height += kMoreRoom;
+    return frame;
 }
 
 constexpr ControlDescription captioned(ControlKind kind, std::string_view name,
@@ -137,18 +147,18 @@ constexpr std::array kControls{
     captioned(picture, "picIcon", {}, {kRight, 12, 32, 32}),
     captioned(label, "lblCompanyInfo", {}, {kRight + 44, 10, kColumn - 44, 84}),
 
-    captioned(frame, "fraBillTo", "Billing address", frameAt(kRight, kBillTop, 3)),
+    captioned(frame, "fraBillTo", "Billing address", withMoreRoom(frameAt(kRight, kBillTop, 3))),
     captioned(label, "lblBillToStreet", "S&treet", labelAt(kRight, row(kBillTop, 0))),
     entryBox(textBox, "txtBillToStreet", boxAt(kRight, row(kBillTop, 0)),
              "Street of the address to which the card's bills are sent"),
     captioned(label, "lblBillToCity", "Cit&y", labelAt(kRight, row(kBillTop, 1))),
     entryBox(textBox, "txtBillToCity", boxAt(kRight, row(kBillTop, 1)),
              "City of the billing address"),
-    captioned(label, "lblBillToState", "State", labelAt(kRight, row(kBillTop, 2))),
-    entryBox(comboBox, "cboBillToState", boxAt(kRight, row(kBillTop, 2), 70),
+    captioned(label, "lblBillToState", "State", labelAt(kRight, kStateTop)),
+    entryBox(comboBox, "cboBillToState", boxAt(kRight, kStateTop, 70),
              "State of the billing address"),
-    captioned(label, "lblBillToZip", "Zip", secondLabelAt(kRight, row(kBillTop, 2))),
-    entryBox(textBox, "txtBillToZip", secondBoxAt(kRight, row(kBillTop, 2)),
+    captioned(label, "lblBillToZip", "Zip", secondLabelAt(kRight, kStateTop)),
+    entryBox(textBox, "txtBillToZip", secondBoxAt(kRight, kStateTop),
              "Zip code of the billing address"),
 
     captioned(frame, "fraOrder", "Order", frameAt(kRight, kOrderTop, 4)),
@@ -183,7 +193,8 @@ constexpr std::array kControls{
 
     hidden(entryBox(textBox, "txtMagStripe", {0, 0, 10, 10})),
     hidden(entryBox(textBox, "txtKbBuffer", {0, 0, 10, 10})),
-    hidden(captioned(label, "lblStateName", {}, {kRight + 100, row(kBillTop, 2) - 18, 190, 16})),
+    hidden(captioned(label, "lblStateName", {},
+                     {kRight + 60, kStateTop - kStateNameHeight, 190, kStateNameHeight})),
     ControlDescription{.kind = timer, .name = "tmrDisplay", .interval = 3000},
     ControlDescription{.kind = timer, .name = "tmrSwipe", .interval = 300},
     ControlDescription{.kind = timer, .name = "tmrKbBuffer", .interval = 2001},

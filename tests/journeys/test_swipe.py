@@ -5,6 +5,8 @@ import os
 
 import pytest
 
+from harness.waiting import until
+
 FIELDS = ("txtCardName", "txtDescription", "txtAmount", "txtCardNumber", "txtEMail", "txtBillToZip",
           "txtTaxAmount", "txtBillToStreet", "txtPONumber")
 EMPTY = ("txtAuthNum", "txtTransactionNumber", "txtBillToStreet", "txtBillToCity", "txtBillToZip",
@@ -32,28 +34,24 @@ def expected(number):
             "txtTaxAmount": "$0.00", "focus": "chkTaxExempt"}
 
 
-def shown(form):
-    """The texts of the form's boxes, by name, and under "focus" the control with the caret."""
-    controls = form.controls()
-    texts = {c.name: c.text for c in controls if c.name.startswith(("txt", "cbo"))}
-    return {**texts, "focus": next((c.name for c in controls if c.focused), None)}
-
-
-def different(form, number):
-    """What is not as it should be."""
-    there = shown(form)
-    return {name: there[name] for name, text in expected(number).items() if there[name] != text}
-
-
 @pytest.mark.parametrize("swipes", [SWIPES])
 def test_every_swipe_is_taken_and_nothing_lands_elsewhere(till, counter, swipes):
     form = counter.start()
     places = {name: form.control(name).centre for name in FIELDS}
+    look = form.watch((*expected(""), "chkTaxExempt"))
+
+    def different(number):
+        """What is not as it should be."""
+        texts, focus = look()
+        there = {**texts, "focus": focus}
+        return {name: there[name] for name, text in expected(number).items()
+                if there[name] != text}
+
     for count, name in zip(range(swipes), itertools.cycle(FIELDS)):
         number = f"4{count:015}"
         swipe(till, places[name], number)
-        till.wait(f"swipe {count} into {name}", lambda sent=number: not different(form, sent),
-                  otherwise=lambda sent=number: different(form, sent))
+        until(f"swipe {count} into {name}", lambda sent=number: not different(sent),
+              interval=0.002, otherwise=lambda sent=number: different(sent))
     order = till.text("txtPONumber")
     assert order.isdigit() and order == till.text("txtInvoiceNumber"), order
     assert len(till.windows()) == 1, till.titles()

@@ -76,6 +76,11 @@ class Prefix:
         self.run("reg", "add", SETTINGS_KEY + sub_key, "/v", name, "/t", kind, "/d", str(value),
                  "/f")
 
+    @staticmethod
+    def key(sub_key):
+        """The whole name of a key of the settings store."""
+        return SETTINGS_KEY + sub_key
+
     def value(self, sub_key, name):
         """The text that the system's own tool shows for a value; None when it is not there."""
         shown = self.run("reg", "query", SETTINGS_KEY + sub_key, "/v", name, check=False)

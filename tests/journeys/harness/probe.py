@@ -53,6 +53,18 @@ class Window(Control):
                 return control
         return None
 
+    def watch(self, names):
+        """A quick look at some of the controls, again and again: a function that tells what they
+        show now, by name, and which of them has the caret."""
+        there = {c["name"]: c["hwnd"] for c in self.controls() if c["name"] in names}
+        question = " ".join(["texts", *map(str, there.values())])
+
+        def look():
+            answers = self._probe.ask(question)
+            focused = [name for name, facts in zip(there, answers) if facts["focused"]]
+            return {name: facts["text"] for name, facts in zip(there, answers)}, (*focused, None)[0]
+        return look
+
     @property
     def is_message_box(self):
         """Message boxes and other dialogs share the system's dialog class."""
@@ -98,6 +110,12 @@ class Probe:
     def windows(self):
         """The visible top-level windows, topmost first."""
         return [Window(facts, self) for facts in self.ask("windows")]
+
+    def lock(self, key):
+        """Takes everybody's right to write a key below HKEY_LOCAL_MACHINE and what is below it."""
+        answer = self.ask(f"lock {key}")
+        if answer["error"]:
+            raise RuntimeError(f"{key} cannot be locked: error {answer['error']}")
 
     def close(self):
         """Ends the probe."""

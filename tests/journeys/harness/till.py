@@ -41,6 +41,11 @@ class Till:
         """The windows that show, topmost first."""
         return [w for w in self._probe.windows() if w["class"] not in ("tooltips_class32",)]
 
+    def tool_tip(self):
+        """The tool tip that shows now; None when there is none."""
+        return next((w.text for w in self._probe.windows() if w["class"] == "tooltips_class32"),
+                    None)
+
     def titles(self):
         """Their titles."""
         return [w.text for w in self.windows()]
@@ -159,6 +164,14 @@ class Till:
         until(f"the box {title!r} to close",
               lambda: all(w.hwnd != box.hwnd for w in self.windows()))
         return text
+
+    def open_by_menu(self, title, *keys):
+        """Opens a dialog through the Program menu, by the access keys on the way."""
+        self.form()
+        self.display.press("alt+p")
+        self.await_menu()
+        self.display.press(*keys)
+        return self.window(title)
 
     def await_menu(self):
         """Waits for an open menu."""

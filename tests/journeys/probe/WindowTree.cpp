@@ -127,4 +127,16 @@ void writeControls(JsonWriter& json, HWND window) {
     json.endArray();
 }
 
+void writeTexts(JsonWriter& json, const std::vector<HWND>& controls) {
+    const HWND focused = controls.empty() ? nullptr : focusOf(controls.front());
+    json.beginArray();
+    for (const HWND control : controls) {
+        json.beginObject();
+        json.member<std::wstring_view>("text", textOf(control));
+        json.member("focused", control == focused);
+        json.endObject();
+    }
+    json.endArray();
+}
+
 } // namespace tollvane::probe

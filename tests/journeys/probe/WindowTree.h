@@ -2,6 +2,8 @@
 
 #include "tests/journeys/probe/Json.h"
 
+#include <vector>
+
 #include <windows.h>
 
 namespace tollvane::probe {
@@ -11,5 +13,8 @@ void writeWindows(JsonWriter& json);
 
 /// An array of all descendants of a window, in creation order.
 void writeControls(JsonWriter& json, HWND window);
+
+/// An array of what changes while somebody types, for some controls of one window: text and focus.
+void writeTexts(JsonWriter& json, const std::vector<HWND>& controls);
 
 } // namespace tollvane::probe

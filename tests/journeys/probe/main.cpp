@@ -1,28 +1,47 @@
 // Answers questions about the desktop, one JSON line for each line of standard input:
-//   windows | controls HWND
+//   windows | controls HWND | texts HWND... | lock KEY
 // With arguments it answers that one question and ends.
+#include "tests/journeys/probe/Access.h"
 #include "tests/journeys/probe/Json.h"
 #include "tests/journeys/probe/WindowTree.h"
 
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
 using tollvane::probe::JsonWriter;
 
+std::vector<HWND> handlesIn(std::istringstream& words) {
+    std::vector<HWND> handles;
+    for (long long number = 0; words >> number;) {
+        handles.push_back(reinterpret_cast<HWND>(static_cast<LONG_PTR>(number)));
+    }
+    return handles;
+}
+
 std::string answer(const std::string& question) {
     std::istringstream words(question);
     std::string verb;
-    long long number = 0;
-    words >> verb >> number;
-    const HWND window = reinterpret_cast<HWND>(static_cast<LONG_PTR>(number));
+    words >> verb;
     JsonWriter json;
+    if (verb == "lock") {
+        std::string key;
+        std::getline(words >> std::ws, key);
+        json.beginObject();
+        json.member("error", static_cast<long long>(tollvane::probe::lockKey(key)));
+        json.endObject();
+        return json.text();
+    }
+    const std::vector<HWND> windows = handlesIn(words);
     if (verb == "windows") {
         tollvane::probe::writeWindows(json);
     } else if (verb == "controls") {
-        tollvane::probe::writeControls(json, window);
+        tollvane::probe::writeControls(json, windows.empty() ? nullptr : windows.front());
+    } else if (verb == "texts") {
+        tollvane::probe::writeTexts(json, windows);
     } else {
         json.beginObject();
         json.member("error", std::wstring_view(L"unknown question"));
