@@ -12,3 +12,7 @@ foreach(target Tollvane zendacard habitat dcZenda32 Norrow_About LogLens)
     install(TARGETS ${target} RUNTIME DESTINATION . COMPONENT shipped)
   endif()
 endforeach()
+
+# The pages that the help commands open, with their pictures: beside the program.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/help/ DESTINATION . COMPONENT shipped
+  FILES_MATCHING PATTERN "*.htm" PATTERN "*.css" PATTERN "*.png")

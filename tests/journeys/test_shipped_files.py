@@ -9,6 +9,8 @@ from harness.prefix import STAGE, TOP
 
 FILES = ("Tollvane.exe", "zendacard.dll", "habitat.dll", "dcZenda32.exe", "Norrow_About.dll",
          "LogLens.exe")
+# The help: pages, their look and their pictures.
+PAGES = sorted(path.name for path in (TOP / "docs" / "help").iterdir())
 OURS = re.compile(r"lib(gcc|stdc\+\+|winpthread|ssp)", re.IGNORECASE)
 
 
@@ -27,7 +29,7 @@ def test_a_file_needs_no_library_but_the_system_s(name):
 
 
 def test_nothing_else_is_shipped():
-    assert sorted(path.name for path in STAGE.iterdir()) == sorted(FILES)
+    assert sorted(path.name for path in STAGE.iterdir()) == sorted([*FILES, *PAGES])
 
 
 def test_the_program_carries_its_manifest():
