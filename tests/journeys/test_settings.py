@@ -1,6 +1,8 @@
 """What the program is told through its own dialogs, and what becomes of it."""
 
+from harness import company
 from harness.counter import CARD, MANAGER, QUESTION
+from harness.paper import Sheet
 from harness.probe import Probe
 from harness.waiting import until
 
@@ -44,9 +46,10 @@ def return_to_form(till):
     return till.form()
 
 
-def test_the_company_information_is_filled_by_keyboard_alone_at_the_first_start(till, counter,
-                                                                               prefix):
+def test_the_company_information_is_filled_by_keyboard_alone_at_the_first_start(
+        printers, till, counter, prefix, pictures):
     keys = till.display
+    printers.add("Till", "Letter")
     till.start()
     counter.enter_first_operator(MANAGER)
     till.window(QUESTION)
@@ -78,12 +81,20 @@ def test_the_company_information_is_filled_by_keyboard_alone_at_the_first_start(
     shown = till.control("lblCompanyInfo", form).text.replace("\r\n", "\n")
     assert shown == ("Harbor Chairs\n12 Harbor Road\nSuite 5\n"
                      "Springfield, IL 62701-1234\n(800) 555-1234"), shown
-    assert {name: prefix.value(COMPANY, name) for name in
-            ("Name", "Street", "City", "State", "Zip", "Phone", "Location")} == {
-                "Name": "Harbor Chairs", "Street": "12 Harbor Road",
-                "City": "Springfield", "State": "IL", "Zip": "62701-1234",
-                "Phone": "(800) 555-1234", "Location": "0xc"}
+    shop = {"Name": "Harbor Chairs", "Street": "12 Harbor Road", "City": "Springfield",
+            "State": "IL", "Zip": "62701-1234", "Phone": "(800) 555-1234"}
+    assert {name: prefix.value(COMPANY, name) for name in (*shop, "Location")} == {
+        **shop, "Location": "0xc"}
     assert "Suite 5" in prefix.run("reg", "query", prefix.key(COMPANY), "/v", "Additional Address")
+
+    counter.set_test_mode(False)
+    counter.charge("10.00")
+    counter.print_receipt(picture="print")
+    sheet = Sheet(printers.document(1))
+    sheet.picture(pictures / "receipt.png")
+    rows = company.rows({**shop, "Additional Address": "Suite 5"})
+    for half in sheet.halves():
+        assert [row.text for row in half][3:3 + len(rows)] == rows
 
 
 def test_a_required_field_is_asked_for(till, counter):
