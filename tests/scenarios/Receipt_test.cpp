@@ -74,6 +74,19 @@ TEST_F(Receipt, WithoutAnAuthorizationThereIsNothingToPrintAndNoJobStarts) {
     EXPECT_EQ(till.form().mousePointer(), MousePointer::standard);
 }
 
+TEST_F(Receipt, TheMenuPrintsOnlyWhatWasAuthorized) {
+    till.desktop.robot->chooseMenu(till.form(), "mnu_PrintReceipt");
+    EXPECT_FALSE(till.form().control<MenuItem>("mnu_PrintReceipt").enabled());
+    EXPECT_TRUE(printers.documents.empty());
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+
+    approveCharge();
+    till.desktop.robot->chooseMenu(till.form(), "mnu_PrintReceipt");
+    EXPECT_TRUE(till.form().control<MenuItem>("mnu_PrintReceipt").enabled());
+    EXPECT_EQ(printers.documents.size(), 1U);
+    EXPECT_TRUE(has(printers.last().words(), "A1B2C3"));
+}
+
 TEST_F(Receipt, ADeclinedChargeHasNothingToPrint) {
     till.fillCharge();
     till.desktop.charge.answer(declined(2, 2, "This transaction has been declined."));
