@@ -165,4 +165,4 @@ def test_a_queue_that_refuses_is_reported_and_the_receipt_can_be_printed_later(
     printers.accept("Till")
     sheet = printed(printers, a4_counter, 1, pictures, "later")
     assert len(sheet.halves()[1]) == len(sheet.halves()[0])
-    assert printers.is_idle()
+    till.wait("an empty queue", printers.is_idle)
