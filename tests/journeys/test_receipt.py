@@ -157,8 +157,9 @@ def test_a_queue_that_refuses_is_reported_and_the_receipt_can_be_printed_later(
     a4_counter.charge("12.00")
     printers.refuse("Till")
     a4_counter.print_receipt()
-    title = till.wait("the box", lambda: next((w for w in till.windows() if w.is_message_box), None),
-                      otherwise=till.titles).text
+    box = till.wait("the box", lambda: [w for w in till.windows() if w.is_message_box],
+                    otherwise=till.titles)
+    title = box[0].text
     text = till.answer(title, "OK", picture="refused")
     assert text.startswith("There was an error printing the receipt.\n\nError = ")
     assert text.endswith(f", {title}.")
