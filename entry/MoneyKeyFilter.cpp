@@ -35,7 +35,8 @@ std::string_view beforeSelection(const MoneyEdit& edit) {
 }
 
 std::string_view behindSelection(const MoneyEdit& edit) {
-    return edit.text.substr(static_cast<std::size_t>(edit.selStart + edit.selLength));
+    return edit.text.substr(static_cast<std::size_t>(edit.selStart) +
+                            static_cast<std::size_t>(edit.selLength));
 }
 
 MoneyKey judgeMinus(const MoneyEdit& edit) {

@@ -1,5 +1,11 @@
-"""clang-tidy over our own sources, each again only when it or something it includes has changed."""
+"""clang-tidy over our own sources, many at a time.
 
+Nearly all of clang-tidy's time goes into the system's headers, which every source includes anew. So
+sources that are compiled alike are read as one, and the findings are told in their own lines. A
+batch is analysed again only when something in it, or something it includes, has changed.
+"""
+
+import collections
 import concurrent.futures
 import hashlib
 import json
@@ -13,38 +19,45 @@ from ringlib import BUILD, TOP
 
 CACHE = BUILD / "tidy"
 MINGW = "x86_64-w64-mingw32"
-# Tests are checked for the mistakes of a line only: reading them all with every check would take
-# longer than running them.
-LIGHTER_FOR_TESTS = ("--checks=-*,bugprone-use-after-move,bugprone-assert-side-effect,"
-                     "bugprone-sizeof-*,bugprone-infinite-loop,misc-redundant-expression,"
-                     "modernize-use-override,modernize-use-nullptr,performance-for-range-copy")
+BATCH = 24
+# The analyser walks every path of every function and takes as long as all other checks together.
+WITHOUT_ANALYSER = "-clang-analyzer-*"
+# Tests are checked for the mistakes of a line only.
+FOR_TESTS = ("-*,bugprone-use-after-move,bugprone-assert-side-effect,bugprone-sizeof-*,"
+             "bugprone-infinite-loop,misc-redundant-expression,modernize-use-override,"
+             "modernize-use-nullptr,performance-for-range-copy")
+
+Unit = collections.namedtuple("Unit", "command files")
 
 
-def problems(presets):
+def problems(presets, analyser):
     """The findings in every source of the presets' builds; an earlier preset's build speaks first."""
     units = {}
     for preset in presets:
         for path, unit in sources(preset).items():
             units.setdefault(path, unit)
-    stale = {path: unit for path, unit in units.items() if not is_known_good(path, unit)}
-    print(f"-- clang-tidy: {len(stale)} of {len(units)} sources to analyse", flush=True)
+    jobs = [(paths, units[paths[0]].command, checks(paths[0], analyser),
+             sorted({name for path in paths for name in units[path].files}))
+            for paths in alike(units)]
+    stale = [job for job in jobs if not is_known_good(job)]
+    print(f"-- clang-tidy: {sum(len(job[0]) for job in stale)} of {len(units)} sources to read",
+          flush=True)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        return [text for text in pool.map(analyse, stale.items()) if text]
+        return [text for texts in pool.map(examine, stale) for text in texts]
 
 
 def sources(preset):
-    """Our sources in a preset's build: path to (command, digest of all that the result rests on)."""
+    """Our sources in a preset's build: path to how it is compiled and all that it is made of."""
     folder = BUILD / preset
     included = dependencies(folder)
     extra = mingw_flags() if preset == "x64" else []
     units = {}
     for entry in json.loads((folder / "compile_commands.json").read_text(encoding="utf-8")):
         path = entry["file"]
-        if not path.endswith(".cpp") or not is_ours(path):
-            continue
-        command = clang_command(entry["command"], extra)
-        made = re.search(r" -o (\S+)", entry["command"]).group(1)
-        units[path] = (command, digest(command, included.get(made, [path])))
+        if path.endswith(".cpp") and is_ours(path):
+            made = re.search(r" -o (\S+)", entry["command"]).group(1)
+            units[path] = Unit((*extra, *clang_words(entry["command"], path)),
+                               included.get(made, [path]))
     return units
 
 
@@ -53,13 +66,17 @@ def is_ours(path):
     return path.startswith(f"{TOP}/") and not path.startswith(f"{BUILD}/")
 
 
-def clang_command(command, extra):
-    """The compile command in clang's words: no launcher, no output."""
+def clang_words(command, path):
+    """The arguments of a compile command that clang understands, without input and output."""
     words = shlex.split(command)
     while not re.search(r"(\+\+|gcc|clang)(-posix)?$", words[0]):
         words.pop(0)
-    output = words.index("-o")
-    return ["clang++", *extra, *words[1:output], *words[output + 2:]]
+    # The compiler's own form of a header read beforehand says nothing to clang.
+    for pair in ("-include", "-o"):
+        while pair in words:
+            at = words.index(pair)
+            del words[at:at + 2]
+    return [word for word in words[1:] if word not in (path, "-c", "-Werror", "-Winvalid-pch")]
 
 
 def mingw_flags():
@@ -81,39 +98,98 @@ def dependencies(folder):
         lines = block.splitlines()
         if lines:
             name = lines[0].split(": #deps")[0]
-            found[name] = [os.path.join(folder, line.strip()) for line in lines[1:]]
+            found[name] = [os.path.normpath(folder / line.strip()) for line in lines[1:]]
     return found
 
 
-def digest(command, files):
-    """One number for a command and the contents of files, ours and generated ones."""
-    total = hashlib.sha256(json.dumps(command).encode())
-    total.update(LIGHTER_FOR_TESTS.encode())
-    for name in [f"{TOP}/.clang-tidy", *sorted(map(os.path.normpath, files))]:
+def alike(units):
+    """Lists of sources that can be read as one: compiled alike and checked alike."""
+    groups = collections.defaultdict(list)
+    for path, unit in sorted(units.items()):
+        groups[unit.command, "/tests/" in path].append(path)
+    for paths in groups.values():
+        for start in range(0, len(paths), BATCH):
+            yield tuple(paths[start:start + BATCH])
+
+
+def checks(path, analyser):
+    """What is looked for, on top of .clang-tidy."""
+    if "/tests/" in path:
+        return FOR_TESTS
+    return "" if analyser else WITHOUT_ANALYSER
+
+
+def digest(job):
+    """One number for the command and the contents of all our files behind a batch."""
+    paths, command, wanted, files = job
+    total = hashlib.sha256(json.dumps([paths, command, wanted]).encode())
+    for name in [f"{TOP}/.clang-tidy", *files]:
         if name.startswith(f"{TOP}/") and os.path.exists(name):
             total.update(name.encode() + pathlib.Path(name).read_bytes())
     return total.hexdigest()
 
 
-def stamp(path):
-    """Where the digest of a source without findings is kept."""
-    return CACHE / (os.path.relpath(path, TOP).replace("/", "!") + ".good")
-
-
-def is_known_good(path, unit):
+def is_known_good(job):
     """True when nothing changed since the last analysis without findings."""
-    return stamp(path).exists() and stamp(path).read_text(encoding="ascii") == unit[1]
+    return (CACHE / digest(job)).exists()
 
 
-def analyse(item):
-    """Runs clang-tidy on one source and returns what it says; nothing when all is well."""
-    path, (command, known) = item
-    words = [word for word in command[1:] if word not in (path, "-c", "-Werror")]
-    lighter = [LIGHTER_FOR_TESTS] if "/tests/" in path else []
-    ended = subprocess.run(["clang-tidy", "--quiet", *lighter, path, "--", *words],
-                           text=True, capture_output=True, check=False, cwd=BUILD)
-    if ended.returncode == 0:
+def examine(job):
+    """The findings of a batch. Sources whose private names collide are read apart."""
+    paths, command, wanted, _ = job
+    found = []
+    left = list(paths)
+    while left:
+        together = list(left)
+        while apart := colliding(together, command):
+            together = [path for path in together if path not in apart]
+        found += findings(together, command, wanted)
+        left = [path for path in left if path not in together]
+    if not found:
         CACHE.mkdir(parents=True, exist_ok=True)
-        stamp(path).write_text(known, encoding="ascii")
-        return ""
-    return ended.stdout or ended.stderr
+        (CACHE / digest(job)).touch()
+    return found
+
+
+def colliding(paths, command):
+    """The sources that do not compile after those before them; the first one always stays."""
+    text, lines = joined(paths)
+    ended = subprocess.run(["clang++", *command, "-w", "-ferror-limit=0", "-fsyntax-only",
+                            "-fno-caret-diagnostics", "-xc++", "-"], input=text, text=True,
+                           capture_output=True, check=False, cwd=BUILD)
+    if ended.returncode == 0:
+        return set()
+    # An error may show in a header; then a note says which of our lines led there.
+    told = re.findall(r"^<stdin>:(\d+):\d+: (?:(?:fatal )?error|note: in instantiation)",
+                      ended.stderr, re.M)
+    return {lines[int(line) - 1][0] for line in told} - {paths[0]} or set(paths[1:])
+
+
+def findings(paths, command, wanted):
+    """What clang-tidy says of sources read as one, each finding in its own line."""
+    text, lines = joined(paths)
+    CACHE.mkdir(parents=True, exist_ok=True)
+    source = CACHE / f"{hashlib.sha256(text.encode()).hexdigest()[:16]}.cpp"
+    source.write_text(text, encoding="utf-8")
+    ended = subprocess.run(["clang-tidy", "--quiet", f"--config-file={TOP}/.clang-tidy",
+                            f"--checks={wanted}", str(source), "--", *command],
+                           text=True, capture_output=True, check=False, cwd=BUILD)
+    source.unlink()
+    if ended.returncode == 0:
+        return []
+
+    def own_place(match):
+        path, line = lines[int(match.group(1)) - 1]
+        return f"{os.path.relpath(path, TOP)}:{line}:"
+    said = ended.stdout or ended.stderr
+    return [re.sub(re.escape(str(source)) + r":(\d+):", own_place, said)]
+
+
+def joined(paths):
+    """The sources' text one after the other, and for each line where it came from."""
+    text, lines = [], []
+    for path in paths:
+        for number, line in enumerate(pathlib.Path(path).read_text("utf-8").splitlines(), 1):
+            text.append(line)
+            lines.append((path, number))
+    return "\n".join(text) + "\n", lines

@@ -53,7 +53,7 @@ std::string textOf(BSTR text) {
     return text ? narrowed({text, SysStringLen(text)}) : std::string();
 }
 
-std::string orElse(std::string text, std::string_view fallback) {
+std::string orElse(const std::string& text, std::string_view fallback) {
     return text.empty() ? std::string(fallback) : text;
 }
 
@@ -84,7 +84,7 @@ Error componentError(EXCEPINFO& raised, std::string_view source) {
 }
 
 Error callError(HRESULT result, std::string_view source) {
-    const Error plain = automationError(result, source);
+    Error plain = automationError(result, source);
     ComRef<IErrorInfo> left;
     if (known(result) || GetErrorInfo(0, reinterpret_cast<IErrorInfo**>(left.receive())) != S_OK) {
         return plain;

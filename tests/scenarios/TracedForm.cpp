@@ -61,7 +61,7 @@ constexpr MenuDescription kMenus[] = {
 
 constexpr PanelDescription kPanels[] = {{"STATUS", 200}, {"WHERE", 0}};
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
     return "'" + text + "'";
 }
 
@@ -153,12 +153,12 @@ void TracedForm::bind(Control& control, const std::string& name) {
     control.on.click = [this, name] { note(watchValues, name + "_Click"); };
     if (auto* box = dynamic_cast<TextBox*>(&control)) {
         control.on.change = [this, name, box] {
-            note(watchValues, name + "_Change", "(" + quoted(box->text()) + ")");
+            note(watchValues, name + "_Change", "(" + inQuotes(box->text()) + ")");
         };
     }
     control.on.timer = [this, name] { note(watchTimer, name + "_Timer"); };
     control.on.paste = [this, name](std::string& text) {
-        note(watchPaste, name + "_Paste", "(" + quoted(text) + ")");
+        note(watchPaste, name + "_Paste", "(" + inQuotes(text) + ")");
         const auto found = changePaste.find(name + "_Paste");
         if (found != changePaste.end()) {
             found->second(text);
