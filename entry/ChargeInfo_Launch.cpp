@@ -8,14 +8,18 @@
 #include "output/HelpFiles.h"
 #include "output/LaunchErrors.h"
 
+#include <algorithm>
+
 namespace tollvane {
 
 namespace {
 
 constexpr const char* kLogViewer = "LogLens.exe";
 constexpr const char* kHelpName = "Help";
-/// Longest data path that the box of data path and location shows whole, in characters.
-constexpr int kShownPath = 50;
+/// How much of the screen's width, in twips, one character of a data path asks for: a message box
+/// takes a part of the screen only, and its tabs a half of that.
+constexpr int kScreenForACharacter = 960;
+constexpr int kShortestPath = 16;
 
 std::string transactionLog(const ChargeComponent& charge) {
     return charge.LogFilePath() + "\\" + charge.LogFileName();
@@ -88,8 +92,8 @@ void ChargeInfo::showHelpOf(const Message& box) {
 }
 
 void ChargeInfo::mnu_HData_Click() {
-    const std::string path =
-        desktop_.shell.compactPath(components_.charge().Data_Path(), kShownPath);
+    const int room = std::max(desktop_.screen.widthInTwips() / kScreenForACharacter, kShortestPath);
+    const std::string path = desktop_.shell.compactPath(components_.charge().Data_Path(), room);
     const std::string location = HostDataServer(components_.environment().DCObject()).Location();
     desktop_.messageBoxes.show({.text = "\tData path:\t" + path + "\r\n\tLocation:\t" + location,
                                 .title = "Zenda Data Path & Location"});

@@ -164,11 +164,6 @@ std::optional<LRESULT> Win32Form::windowMessage(UINT message, WPARAM first, LPAR
             raise(on.doubleClick);
         }
         return 0;
-    case WM_HELP:
-        if (const Message* box = core_.ui().openBox(); box && box->help) {
-            raise([box] { box->help(*box); });
-        }
-        return TRUE;
     default: return std::nullopt;
     }
 }

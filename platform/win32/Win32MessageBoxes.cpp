@@ -1,6 +1,7 @@
 #include "platform/win32/Win32MessageBoxes.h"
 
 #include "platform/win32/FormCore.h"
+#include "platform/win32/HelpButton.h"
 #include "platform/win32/Ui.h"
 
 namespace tollvane::win32 {
@@ -61,6 +62,7 @@ MessageAnswer Win32MessageBoxes::show(const Message& message) {
     const FormCore* const owner = ui_.formInFront();
     const std::string title = message.title.empty() ? program_.productName() : message.title;
     const OpenBox open(ui_, message);
+    const HelpButton help(ui_, message);
     const ArrowPointer arrow;
     const int pressed =
         MessageBoxA(owner ? owner->window() : nullptr, message.text.c_str(), title.c_str(),

@@ -8,6 +8,7 @@
 #include <shlwapi.h>
 
 #include <array>
+#include <string_view>
 #include <vector>
 
 namespace tollvane::win32 {
@@ -74,7 +75,9 @@ std::string Win32Shell::compactPath(const std::string& path, int longest) {
     std::vector<wchar_t> compacted(room + 1);
     if (wide.size() >= MAX_PATH || // more than the system's routine takes
         !PathCompactPathExW(compacted.data(), wide.c_str(), static_cast<UINT>(room + 1), 0)) {
-        return narrowed(L"..." + wide.substr(wide.size() - room)).substr(0, room);
+        constexpr std::wstring_view kDots = L"...";
+        const std::size_t kept = room > kDots.size() ? room - kDots.size() : 0;
+        return narrowed((std::wstring(kDots) + wide.substr(wide.size() - kept)).substr(0, room));
     }
     return narrowed(compacted.data());
 }

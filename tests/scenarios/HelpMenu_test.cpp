@@ -145,6 +145,7 @@ TEST_F(DataPathBox, ShowsPathAndLocation) {
 }
 
 TEST_F(DataPathBox, ShortensAPathThatDoesNotFit) {
+    till.desktop.screen.width = 28'800;
     till.desktop.charge.dataPath =
         "C:\\Users\\Public\\Documents\\Norrow Programs\\Shops of the North\\Zenda\\Data";
 
@@ -152,9 +153,20 @@ TEST_F(DataPathBox, ShortensAPathThatDoesNotFit) {
 
     const std::string text = till.desktop.boxes.last().text;
     const std::string path = text.substr(12, text.find("\r\n") - 12);
-    EXPECT_EQ(path.size(), 50U) << text;
+    EXPECT_EQ(path.size(), 30U) << text;
     EXPECT_NE(path.find("..."), std::string::npos) << text;
     EXPECT_TRUE(path.ends_with("\\Zenda\\Data")) << text;
+}
+
+TEST_F(DataPathBox, ShowsMoreOfAPathOnAWideScreenAndSomeOnTheSmallest) {
+    till.desktop.charge.dataPath = std::string(90, 'd');
+    for (const auto& [width, room] : {std::pair{48'000, 50U}, std::pair{19'200, 20U},
+                                      std::pair{15'359, 16U}, std::pair{100, 16U}}) {
+        till.desktop.screen.width = width;
+        choose("mnu_HData");
+        const std::string text = till.desktop.boxes.last().text;
+        EXPECT_EQ(text.find("\r\n") - 12, room) << text;
+    }
 }
 
 TEST_F(DataPathBox, WithoutAnAnswerIsReported) {

@@ -9,6 +9,8 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
+#include <string>
 
 namespace tollvane::test {
 namespace {
@@ -30,6 +32,11 @@ public:
 
     std::string path;
 };
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
 
 win32::Win32Files files;
 
@@ -55,6 +62,53 @@ TEST(FilesAdapter, IniValuesAreReadAndMissingOnesFallBack) {
     EXPECT_EQ(files.profileString("Form", "Top", "none", 2555, file.path), "none");
     EXPECT_EQ(files.profileString("Form", "Left", "none", 2555, file.path + ".none"), "none");
     EXPECT_EQ(files.profileString("Form", "Left", "none", 3, file.path), "12");
+}
+
+TEST(FilesAdapter, AFileIsFoundByTheNameThatItsFolderHas) {
+    const ScratchFile file("x");
+    const std::string name = file.path.substr(file.path.find_last_of('\\') + 1);
+    EXPECT_EQ(files.findFile(file.path), name);
+    EXPECT_EQ(files.setAttributes(file.path, fileattribute::readOnly), 0U);
+    EXPECT_EQ(files.findFile(file.path), name);
+    EXPECT_EQ(files.setAttributes(file.path, fileattribute::normal), 0U);
+    EXPECT_EQ(files.findFile(file.path + ".none"), "");
+    EXPECT_EQ(files.findFile("C:\\no\\such\\folder\\file"), "");
+}
+
+TEST(FilesAdapter, AttributesOfAMissingFileGiveTheSystemsError) {
+    const ScratchFile file("x");
+    EXPECT_EQ(files.setAttributes(file.path + ".none", fileattribute::normal), 2U);
+}
+
+TEST(FilesAdapter, AppendingCreatesAFileAndLengthensIt) {
+    const ScratchFile file("x");
+    DeleteFileA(file.path.c_str());
+    EXPECT_EQ(files.append(file.path, "one\r\n"), 0U);
+    EXPECT_EQ(files.append(file.path, "two\r\n"), 0U);
+    EXPECT_EQ(files.append(file.path, ""), 0U);
+    EXPECT_EQ(contentOf(file.path), "one\r\ntwo\r\n");
+}
+
+TEST(FilesAdapter, TheReadOnlyAttributeIsSetAndCleared) {
+    const ScratchFile file("one");
+    const auto isReadOnly = [&] {
+        return (GetFileAttributesA(file.path.c_str()) & FILE_ATTRIBUTE_READONLY) != 0;
+    };
+    EXPECT_EQ(files.setAttributes(file.path, fileattribute::readOnly), 0U);
+    EXPECT_TRUE(isReadOnly());
+    EXPECT_EQ(files.setAttributes(file.path, fileattribute::normal), 0U);
+    EXPECT_FALSE(isReadOnly());
+    EXPECT_EQ(files.append(file.path, "two"), 0U);
+    EXPECT_EQ(contentOf(file.path), "onetwo");
+}
+
+TEST(FilesAdapter, AFileThatIsHeldExclusivelyIsNotAppendedTo) {
+    const ScratchFile file("x");
+    const HANDLE held = CreateFileA(file.path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(files.append(file.path, "y"), 32U);
+    CloseHandle(held);
 }
 
 TEST(FilesAdapter, AProgramThatIsNotThereIsNotStarted) {

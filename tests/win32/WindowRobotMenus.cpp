@@ -70,7 +70,7 @@ void WindowRobot::actInPopUp(HWND owner) {
     Win32MenuItem* const item = planned.empty() ? nullptr : menuItem(form, planned);
     const Win32MenuItem* const parent = item ? parentOf(form, *item) : nullptr;
     if (!parent || !canBeChosen(parent->opens(), item->id())) {
-        PostMessageA(owner, WM_KEYDOWN, VK_ESCAPE, 0);
+        EndMenu(); // also one that opened from the bar
         return;
     }
     for (int step = stepsTo(parent->opens(), item->id()); step > 0; --step) {
