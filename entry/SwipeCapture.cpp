@@ -14,8 +14,9 @@ namespace {
 constexpr std::size_t kExpiryLength = 4;
 
 void restart(Timer& timer, int interval) {
-    timer.setEnabled(false);
-    timer.setInterval(interval);
+    if (timer.interval() != interval) {
+        timer.setInterval(interval);
+    }
     timer.setEnabled(true);
 }
 

@@ -22,6 +22,12 @@ constexpr int firstPrintable = 32;
 constexpr int controlBackspace = 127;
 } // namespace typedcode
 
+/// Keys of which an edit control only wants the character.
+bool bringsACharacterOnly(WPARAM key) {
+    return key == VK_SPACE || (key >= '0' && key <= 'Z') ||
+           (key >= VK_NUMPAD0 && key <= VK_DIVIDE) || (key >= VK_OEM_1 && key <= VK_OEM_102);
+}
+
 bool isDown(int key) {
     return GetKeyState(key) < 0;
 }
@@ -209,6 +215,9 @@ LRESULT Win32TextBox::keyDown(UINT message, WPARAM key, LPARAM info) {
     }
     if (key == VK_DELETE && isDown(VK_SHIFT)) {
         return send(WM_CUT);
+    }
+    if (message == WM_KEYDOWN && bringsACharacterOnly(key)) {
+        return 0;
     }
     return edited(message, key, info);
 }
