@@ -26,6 +26,7 @@ const com::DialogLayout layout{L"frmLogin", L"Sign In", 210, 95, controls};
 
 constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTick = 100;
+constexpr const char* kUnchecked = "The sign-in could not be checked.";
 constexpr const char* kWrong = "The user name or the password is not right.";
 
 } // namespace
@@ -58,6 +59,23 @@ void frmLogin::setButtonsEnabled(bool enabled) {
     setEnabled(cmdOperators, enabled);
 }
 
+// Messages are handled while the server is asked: nothing may be pressed meanwhile.
+class frmLogin::ButtonsOff {
+public:
+    explicit ButtonsOff(frmLogin& dialog) : dialog_(dialog) { set(false); }
+    ButtonsOff(const ButtonsOff&) = delete;
+    ButtonsOff& operator=(const ButtonsOff&) = delete;
+    ~ButtonsOff() { set(true); }
+
+private:
+    void set(bool enabled) {
+        dialog_.setButtonsEnabled(enabled);
+        dialog_.setEnabled(IDCANCEL, enabled);
+    }
+
+    frmLogin& dialog_;
+};
+
 SignInAnswer frmLogin::attempt(const Ask& ask) {
     if (waitUntil_ != 0 || !complete())
         return {};
@@ -65,21 +83,20 @@ SignInAnswer frmLogin::attempt(const Ask& ask) {
     wipeBox(item(txtPassword));
     setText(lblMessage, "Checking...");
     focus(txtPassword);
-    // Messages are handled while the server is asked: nothing may be pressed meanwhile.
-    setButtonsEnabled(false);
-    setEnabled(IDCANCEL, false);
-    UpdateWindow(window());
     SignInAnswer answer;
     try {
+        const ButtonsOff off(*this);
         const WaitPointer wait;
+        UpdateWindow(window());
         answer = ask(boxText(txtUserName), password);
         setText(lblMessage, answer.succeeded ? "" : kWrong);
     } catch (const com::ComponentError& error) {
-        setText(lblMessage, "The sign-in could not be checked.");
+        setText(lblMessage, kUnchecked);
         complain(error.description(), txtPassword);
+    } catch (...) {
+        setText(lblMessage, kUnchecked);
+        throw; // the dialog's own last resort tells what it was
     }
-    setEnabled(IDCANCEL, true);
-    setButtonsEnabled(true);
     if (answer.waitMilliseconds > 0)
         beginWait(answer.waitMilliseconds);
     return answer;

@@ -20,6 +20,8 @@ private:
     void onCommand(int id, int notification) override;
     void onTimer() override;
 
+    class ButtonsOff;
+
     using Ask = std::function<SignInAnswer(const std::wstring&, const Password&)>;
     // Asks with what was typed; an answer that did not succeed is shown.
     SignInAnswer attempt(const Ask& ask);
