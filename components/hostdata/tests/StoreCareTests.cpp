@@ -54,6 +54,13 @@ bool isFoundDamaged(const std::string& path) {
     }
 }
 
+// A privilege of an operator who is not there: every page is well, what they say is not.
+void breakReference(const std::string& path) {
+    Database database(path);
+    database.execute("PRAGMA foreign_keys=OFF");
+    database.execute("INSERT INTO privileges (operator_id, privilege) VALUES (99, 4)");
+}
+
 TEST(StoreCare, FactsCountPaymentsAndOperators) {
     const TestFolder folder;
     makeStore(folder.file(), 3);
@@ -98,11 +105,7 @@ TEST(StoreCare, CheckingAFileThatIsNoStoreIsRefusedAsDamaged) {
 TEST(StoreCare, AReferenceToAMissingRowIsFound) {
     const TestFolder folder;
     makeStore(folder.file(), 1);
-    {
-        Database database(folder.file());
-        database.execute("PRAGMA foreign_keys=OFF");
-        database.execute("INSERT INTO privileges (operator_id, privilege) VALUES (99, 4)");
-    }
+    breakReference(folder.file());
     const StoreCheck check = checkStore(folder.file());
     ASSERT_EQ(check.problems.size(), 1U);
     EXPECT_NE(check.problems[0].find("\"privileges\""), std::string::npos) << check.problems[0];
@@ -157,6 +160,15 @@ TEST(StoreCare, ADamagedStoreDoesNotReplaceAnEarlierCopy) {
               Failure::storeDamaged);
     EXPECT_TRUE(bytesOf(folder.file("copy.db")) == before);
     EXPECT_FALSE(std::filesystem::exists(folder.file("copy.db.part")));
+}
+
+TEST(StoreCare, ACopyThatIsNotSoundIsNotKept) {
+    const TestFolder folder;
+    makeStore(folder.file(), 1);
+    breakReference(folder.file());
+    EXPECT_EQ(failureOf([&] { backUpStore(folder.file(), folder.file("copy.db")); }),
+              Failure::storeDamaged);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("copy.db")));
 }
 
 TEST(StoreCare, TheStoreIsNotCopiedOntoItself) {
