@@ -96,3 +96,17 @@ def test_a_shop_without_a_store_is_told_so(prefix, till):
     assert settings.message("alt+c", "no-store").startswith("There is no host data file yet.")
     assert settings.close() == "closed"
     assert not (prefix.folder / STORE).exists()
+
+
+def test_the_form_waits_for_the_settings_of_another_process(till, counter):
+    form = counter.start()
+    till.display.press("alt+p")
+    till.await_menu()
+    till.display.press("z")
+    dialog = till.window(TITLE)
+    till.picture("over-the-form")
+    assert dialog["owner"] == form.hwnd
+    assert dialog["pid"] != form["pid"]
+    assert not next(w for w in till.windows() if w.hwnd == form.hwnd).enabled
+    till.display.press("Escape")
+    assert till.form().enabled
