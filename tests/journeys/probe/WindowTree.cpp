@@ -105,6 +105,8 @@ BOOL CALLBACK writeControl(HWND window, LPARAM parameter) {
                          static_cast<long long>(ask(window, CB_GETCURSEL).value_or(-1)));
         walk.json.member("dropped", ask(window, CB_GETDROPPEDSTATE).value_or(0) != 0);
         walk.json.member("count", static_cast<long long>(ask(window, CB_GETCOUNT).value_or(-1)));
+    } else if (className == L"ListBox") {
+        walk.json.member("count", static_cast<long long>(ask(window, LB_GETCOUNT).value_or(-1)));
     } else if (className == STATUSCLASSNAMEW) {
         writeStatusBar(walk.json, window);
     }
