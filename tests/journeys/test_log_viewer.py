@@ -71,6 +71,14 @@ def test_lines_are_filtered_and_added_up_by_keyboard(till):
     viewer.await_state("1 of 6 lines")
 
 
+def test_selected_lines_are_copied_with_tabs_between_their_columns(till):
+    viewer = Viewer(till, (line(number=1) + line(number=2, day="2026-11-22")).encode())
+    viewer.await_state("2 of 2 lines")
+    till.display.press("Home", "ctrl+c", "alt+f", "ctrl+v")
+    until("the beginning of the first line", lambda: viewer.total("txtFrom") == "2026-11-21\t0",
+          otherwise=lambda: viewer.total("txtFrom"))
+
+
 def test_the_log_may_grow_and_shrink_while_it_is_looked_at(till):
     viewer = Viewer(till, line(number=1).encode())
     viewer.await_state("1 of 1 line")
