@@ -4,7 +4,7 @@ import os
 import subprocess
 import tempfile
 
-from .waiting import until
+from .waiting import NotReached, until
 
 
 class Display:
@@ -23,8 +23,7 @@ class Display:
 
     def __exit__(self, *unused):
         for process in reversed(self._processes):
-            process.terminate()
-            process.wait(10)
+            self._end(process)
 
     def _start(self):
         read, write = os.pipe()
@@ -38,14 +37,31 @@ class Display:
         settings.write(OPENBOX)
         settings.flush()
         self._settings = settings
-        self._launch(["openbox", "--sm-disable", "--config-file", settings.name])
-        until("the window manager", self._is_managed)
+        self._start_window_manager(settings.name)
         self.run("xsetroot", "-solid", "#5b7fa6")
+
+    def _start_window_manager(self, settings, tries=3):
+        """Starts openbox. On a busy machine it happens that one never gets to its work; it goes,
+        and another one comes."""
+        for left in reversed(range(tries)):
+            self._launch(["openbox", "--sm-disable", "--config-file", settings])
+            try:
+                until("the window manager", self._is_managed, patience=10)
+                return
+            except NotReached:
+                if left == 0:
+                    raise
+                self._end(self._processes.pop())
 
     def _launch(self, command, **options):
         process = subprocess.Popen(command, env=self.environment(), stdin=subprocess.DEVNULL,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
         self._processes.append(process)
+
+    @staticmethod
+    def _end(process):
+        process.terminate()
+        process.wait(10)
 
     def _is_managed(self):
         answer = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], text=True,
