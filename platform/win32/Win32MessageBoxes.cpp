@@ -43,6 +43,15 @@ private:
     HCURSOR before_;
 };
 
+/// What a new box stands on: the form in front, or the box that is open on it.
+HWND ownerOf(const Ui& ui) {
+    const FormCore* const form = ui.formInFront();
+    if (!form) {
+        return nullptr;
+    }
+    return ui.openBox() ? GetLastActivePopup(form->window()) : form->window();
+}
+
 /// Makes the box known to the forms for as long as it is open.
 class OpenBox {
 public:
@@ -59,13 +68,13 @@ private:
 } // namespace
 
 MessageAnswer Win32MessageBoxes::show(const Message& message) {
-    const FormCore* const owner = ui_.formInFront();
+    const HWND owner = ownerOf(ui_);
     const std::string title = message.title.empty() ? program_.productName() : message.title;
     const OpenBox open(ui_, message);
     const HelpButton help(ui_, message);
     const ArrowPointer arrow;
     const int pressed =
-        MessageBoxA(owner ? owner->window() : nullptr, message.text.c_str(), title.c_str(),
+        MessageBoxA(owner, message.text.c_str(), title.c_str(),
                     styleOf(message) | (owner ? 0U : static_cast<UINT>(MB_TASKMODAL)));
     return answerOf(pressed, message.buttons);
 }

@@ -183,15 +183,25 @@ public:
         current_ = nullptr;
     }
 
+    /// The boxes that buttons were pressed in, each with its owner.
+    std::vector<std::pair<HWND, HWND>> seen;
+
 private:
     static void CALLBACK rang(HWND, UINT, UINT_PTR, DWORD) {
-        const HWND box = GetActiveWindow();
+        EnumThreadWindows(GetCurrentThreadId(), &look, 0);
+    }
+    /// Of several boxes only the one in front is enabled.
+    static BOOL CALLBACK look(HWND window, LPARAM) {
         std::array<char, 16> name{};
-        GetClassNameA(box, name.data(), static_cast<int>(name.size()));
-        if (current_ && std::strcmp(name.data(), "#32770") == 0) {
-            const WORD button = std::exchange(current_->pressed_, true) ? IDOK : IDHELP;
-            PostMessageA(box, WM_COMMAND, button, 0);
+        GetClassNameA(window, name.data(), static_cast<int>(name.size()));
+        if (!current_ || std::strcmp(name.data(), "#32770") != 0 || !IsWindowVisible(window) ||
+            !IsWindowEnabled(window)) {
+            return TRUE;
         }
+        const WORD button = std::exchange(current_->pressed_, true) ? IDOK : IDHELP;
+        current_->seen.emplace_back(window, GetWindow(window, GW_OWNER));
+        PostMessageA(window, WM_COMMAND, button, 0);
+        return FALSE;
     }
 
     static inline HelpSeeker* current_ = nullptr; // a timer without a window carries no data
@@ -221,10 +231,22 @@ TEST_F(HelpOfABox, RunsWhileTheBoxIsOpen) {
                 .helpTopic = 227,
                 .help = [&](const Message& box) {
                     topics.push_back(box.helpTopic);
-                    boxIsOpen = ui().openBox() == &box && GetActiveWindow() != windowOfForm();
+                    boxIsOpen = ui().openBox() == &box;
                 }});
     EXPECT_EQ(topics, std::vector<long>{227});
     EXPECT_TRUE(boxIsOpen);
+}
+
+TEST_F(HelpOfABox, ThatShowsABoxItselfPutsItOnTheFirstOne) {
+    const HelpSeeker seeker;
+    boxes.show({.text = "Refused", .helpFile = "some.hlp", .help = [&](const Message& /*box*/) {
+                    boxes.show({.text = "No such page"});
+                }});
+    ASSERT_EQ(seeker.seen.size(), 3U);
+    EXPECT_EQ(seeker.seen[0].second, windowOfForm());
+    EXPECT_EQ(seeker.seen[1].second, seeker.seen[0].first);
+    EXPECT_EQ(seeker.seen[2].first, seeker.seen[0].first) << "the first box is in front again";
+    EXPECT_TRUE(IsWindowEnabled(windowOfForm()));
 }
 
 TEST_F(HelpOfABox, WithoutAnythingToOpenDoesNothing) {
