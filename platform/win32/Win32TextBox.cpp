@@ -105,10 +105,10 @@ void Win32TextBox::wipeText() {
         overwrite(at, at + 1, 1);
     }
     // The undo buffer may hold an earlier text: small steps have covered it before it must grow.
-    constexpr std::size_t step = 4;
+    constexpr std::size_t step = 8;
     std::size_t fillers = length;
     overwrite(0, fillers, step);
-    for (fillers = step; fillers < length + 64; fillers += step) {
+    for (fillers = step; fillers < length + 40; fillers += step) {
         overwrite(0, fillers, fillers + step);
     }
     native(EM_EMPTYUNDOBUFFER, 0, 0);

@@ -128,8 +128,9 @@ TEST_F(Options, EveryBoxAndEveryFormatMakesApplyAvailable) {
     for (int format = 0; format < 4; ++format) {
         controls.emplace_back("optFormat", format);
     }
-    for (const auto& [name, index] : controls) {
+    for (const auto& control : controls) {
         inDialog([&](Form& form) {
+            const auto& [name, index] = control;
             EXPECT_FALSE(form.control<Button>("cmdApply").enabled()) << name;
             till.desktop.robot->click(form, name, index);
             EXPECT_TRUE(form.control<Button>("cmdApply").enabled()) << name << index;

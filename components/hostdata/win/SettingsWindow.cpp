@@ -8,6 +8,7 @@
 
 #include <objbase.h>
 #include <rpc.h>
+#include <rpcdcep.h>
 
 #include <exception>
 #include <thread>
@@ -15,10 +16,6 @@
 namespace tollvane::hostdata {
 
 namespace {
-
-// Not in every set of headers; known to the system since Windows XP.
-extern "C" RPC_STATUS RPC_ENTRY I_RpcBindingInqLocalClientPID(RPC_BINDING_HANDLE binding,
-                                                              unsigned long* process);
 
 DWORD callingProcess() {
     unsigned long process = 0;

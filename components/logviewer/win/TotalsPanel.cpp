@@ -26,7 +26,7 @@ constexpr const wchar_t* names[3][5] = {
 // As the operator's own country writes numbers, without a change of their value.
 std::wstring localText(std::int64_t scaled) {
     const std::string plain = amountText(scaled);
-    const std::wstring wide(plain.begin(), plain.end());
+    std::wstring wide(plain.begin(), plain.end());
     wchar_t decimal[8] = L".";
     wchar_t group[8] = L",";
     GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, decimal, 8);
