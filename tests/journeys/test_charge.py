@@ -3,10 +3,11 @@
 import re
 
 from harness import payments, secrets
-from harness.counter import CARD, FAILED
+from harness.counter import CARD, FAILED, track_end
 from harness.prefix import TOP
 
 MASKED = "*" * 12 + CARD.number[-4:]
+TRACK = track_end(CARD)
 
 
 def details(text):
@@ -120,9 +121,15 @@ def test_no_trace_of_the_card_is_left_on_the_machine(till, open_counter, prefix)
     open_counter.select("Charge")
     open_counter.fill_charge("7002.20")
     open_counter.submit(FAILED)
+    open_counter.select("Void")
+    open_counter.select("Charge")
+    open_counter.swipe()
+    till.enter("txtAmount", "86.40", till.form())
+    open_counter.fill_address()
+    open_counter.submit()
     open_counter.finish()
     planted = prefix.folder / "drive_c" / "planted.bin"
-    planted.write_bytes(CARD.number.encode("utf-16-le") + b" " + CARD.code.encode())
+    planted.write_bytes(f"{CARD.number} ^{TRACK} ".encode("utf-16-le") + CARD.code.encode())
     prefix.run("reg", "add", r"HKCU\Software\Planted", "/v", "Number", "/d", CARD.number, "/f")
     till.close()
     files = secrets.left_behind(prefix.folder, TOP / "build" / "prefix-installed")
@@ -130,6 +137,8 @@ def test_no_trace_of_the_card_is_left_on_the_machine(till, open_counter, prefix)
     # The search itself works: it finds what was planted, and looks into what was written.
     assert set(secrets.finds(files, CARD.number)) == {str(planted)} | registry
     assert secrets.finds(files, MASKED[-8:]), "the masked number is in the books"
+    # What a track holds besides the number: the dates and the issuer's own digits.
+    assert secrets.finds(files, TRACK) == [str(planted)]
     # A code of four digits may stand in any number by chance: it is sought as a word of its own,
     # and in whatever the program wrote in full.
     assert secrets.finds_word(files, CARD.code) == [str(planted)]

@@ -32,6 +32,11 @@ CARD = Card()
 MANAGER = Operator()
 
 
+def track_end(card):
+    """What a track holds last: the expiry date, the service code, the issuer's own digits."""
+    return f"{card.year[2:]}081010000000000"
+
+
 class Counter:
     """The steps; each waits for what it needs and leaves the form or a message in front."""
 
@@ -108,9 +113,8 @@ class Counter:
         form = self.till.form()
         self.till.click("txtCardName", form)
         *given, family = card.holder.upper().split()
-        valid = f"{card.year[2:]}08"
-        first = f"%B{card.number}^{family}/{' '.join(given)}^{valid}1010000000000?"
-        second = f";{card.number}={valid}10100000000000?"
+        first = f"%B{card.number}^{family}/{' '.join(given)}^{track_end(card)}?"
+        second = f";{card.number}={track_end(card)}0?"
         for track in (first, second):
             self.till.display.type(track, delay=1)
             self.till.display.press("Return")
