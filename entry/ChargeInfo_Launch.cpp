@@ -93,7 +93,8 @@ void ChargeInfo::showHelpOf(const Message& box) {
 
 void ChargeInfo::mnu_HData_Click() {
     const int room = std::max(desktop_.screen.widthInTwips() / kScreenForACharacter, kShortestPath);
-    const std::string path = desktop_.shell.compactPath(components_.charge().Data_Path(), room);
+    const std::string path =
+        desktop_.shell.compactPath(CapitalizePath(components_.charge().Data_Path()), room);
     const std::string location = HostDataServer(components_.environment().DCObject()).Location();
     desktop_.messageBoxes.show({.text = "\tData path:\t" + path + "\r\n\tLocation:\t" + location,
                                 .title = "Zenda Data Path & Location"});

@@ -80,11 +80,15 @@ def test_every_menu_opens_by_its_access_keys(dpi, pictures):
 
 def test_options_are_switched_by_keyboard_and_shown_by_check_marks(till, menus, counter, prefix):
     counter.start()
-    menus.choose("alt+p", "o", "a", "u")
-    until("the stored format", lambda: prefix.value(r"\Options", "FormatType") == "0x2")
+    for key, stored in (("p", "0x3"), ("n", "0x0"), ("u", "0x2")):
+        menus.choose("alt+p", "o", "a", key)
+        until("the stored format",
+              lambda wanted=stored: prefix.value(r"\Options", "FormatType") == wanted)
     menus.show("upper-case", "alt+p", "o", "a")
     till.enter("txtDescription", "two chairs", till.form())
     until("capitals", lambda: till.text("txtDescription") == "TWO CHAIRS")
+    menus.choose("alt+p", "o", "a", "l")
+    until("the stored format", lambda: prefix.value(r"\Options", "FormatType") == "0x1")
     menus.choose("alt+p", "o", "d")
     until("the stored switch",
           lambda: prefix.value(r"\Options", "DefaultInvoiceNumbers") == "0x0")
@@ -124,7 +128,8 @@ def test_dialogs_of_the_menus_open_by_keyboard(till, menus, counter):
     counter.start()
     for title, picture, keys in (("Company Information", "company", ("alt+p", "c")),
                                  ("Program Options", "more-options", ("alt+p", "o", "m")),
-                                 ("Gateway Setup", "gateway", ("alt+f", "g"))):
+                                 ("Gateway Setup", "gateway", ("alt+f", "g")),
+                                 ("Charge Component Settings", "gateway-settings", ("alt+f", "s"))):
         menus.choose(*keys)
         till.window(title)
         till.picture(picture)

@@ -2,6 +2,8 @@
 
 #include "tests/scenarios/Till.h"
 
+#include <gmock/gmock.h>
+
 namespace tollvane::test {
 namespace {
 
@@ -142,6 +144,15 @@ TEST_F(DataPathBox, ShowsPathAndLocation) {
     EXPECT_EQ(till.boxes(),
               std::vector{information("Zenda Data Path & Location",
                                       "\tData path:\tD:\\Shop\\Data\r\n\tLocation:\tHigh Street")});
+}
+
+TEST_F(DataPathBox, CapitalisesThePathLikeTheStatusBar) {
+    till.desktop.charge.dataPath = "d:\\shop\\DATA of ours";
+
+    choose("mnu_HData");
+
+    EXPECT_THAT(till.desktop.boxes.last().text,
+                ::testing::StartsWith("\tData path:\tD:\\Shop\\Data Of Ours\r\n"));
 }
 
 TEST_F(DataPathBox, ShortensAPathThatDoesNotFit) {
