@@ -48,6 +48,12 @@ private:
     std::vector<char> bytes_;
 };
 
+/// The system converts texts on the stack and leaves them there when it returns.
+void wipeStackBelow() {
+    std::array<char, 16384> below; // NOLINT(cppcoreguidelines-pro-type-member-init)
+    wipeMemory(below.data(), below.size());
+}
+
 } // namespace
 
 Win32TextBox::Win32TextBox(FormCore& form, const ControlDescription& description)
@@ -114,6 +120,9 @@ void Win32TextBox::wipeText() {
     native(EM_EMPTYUNDOBUFFER, 0, 0);
     native(WM_SETTEXT, 0, ClosedText("").argument());
     native(EM_EMPTYUNDOBUFFER, 0, 0);
+    // Through a pointer, so that it is called and not inlined: its frame has to lie below this one.
+    void (*const volatile wipe)() = &wipeStackBelow;
+    wipe();
     raise(on.change);
 }
 

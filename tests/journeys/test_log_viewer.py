@@ -107,15 +107,26 @@ def test_the_window_of_a_million_lines_does_not_wait_for_them(till):
     with open(log, "wb") as file:
         for _ in range(1000):
             file.write(block)
-    started = time.monotonic()
-    till.prefix.start("LogLens.exe", NAMED)
-    window = until("the window", lambda: next((w for w in till.windows() if w.text == TITLE), None),
-                   interval=0.01)
-    shown = time.monotonic() - started
+    def opened():
+        till.prefix.start("LogLens.exe", NAMED)
+        return until("the window",
+                     lambda: next((w for w in till.windows() if w.text == TITLE), None),
+                     interval=0.01)
 
     def state():
         return "".join(till.control("sbrState", window)["parts"])
-    assert "Reading the log" in state()
+
+    # Reading takes seconds only: on a busy machine it may be over before anybody has looked.
+    for _ in range(6):
+        started = time.monotonic()
+        window = opened()
+        shown = time.monotonic() - started
+        if "Reading the log" in state():
+            break
+        till.display.press("alt+F4")
+        till.wait("the viewer to end", lambda: not till.windows())
+    else:
+        raise AssertionError("the window never came before the end of the log")
     until("the end of the log", lambda: state() == "1,000,000 of 1,000,000 lines", otherwise=state)
     print(f"window after {shown:.2f} s, all lines after {time.monotonic() - started:.2f} s")
     till.picture("million")
