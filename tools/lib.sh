@@ -42,3 +42,37 @@ quietly() {
     fi
     rm -f "$log"
 }
+
+# run_parts KIND FOLDER NAME...: runs the named executables of a folder under tools/ one after the
+# other, adds up the cases that each counts, and ends with the plain line of all of them.
+run_parts() {
+    local kind=$1 folder=$2 passed=0 failed=0 name started good bad bad_cases
+    shift 2
+    for name in "$@"; do
+        [ -x "$top/tools/$folder/$name" ] ||
+            fail "there is no $kind \"$name\"; there are: $(echo $(ls "$top/tools/$folder"))"
+    done
+    mkdir -p "$build"
+    for name in "$@"; do
+        say "$kind $name"
+        started=$SECONDS
+        export TOLLVANE_TALLY="$build/tally-$name"
+        rm -f "$TOLLVANE_TALLY"
+        good=0 bad=0
+        before_part "$name"
+        "$top/tools/$folder/$name" || bad=1
+        # A part writes its counts last: one that crashed or ran nothing has failed.
+        read -r good bad_cases <"$TOLLVANE_TALLY" 2>/dev/null || good=0 bad_cases=1
+        [ "$bad_cases" -gt 0 ] || bad_cases=$bad
+        [ $((good + bad_cases)) -gt 0 ] || bad_cases=1
+        say "$kind $name: $good passed, $bad_cases failed, $((SECONDS - started)) s"
+        after_part "$name" "$good" "$bad_cases" "$((SECONDS - started))"
+        passed=$((passed + good)) failed=$((failed + bad_cases))
+    done
+    echo "$passed passed, $failed failed"
+    [ "$failed" -eq 0 ]
+}
+
+# What a command does around each part; ./prove has its own.
+before_part() { :; }
+after_part() { :; }
