@@ -23,6 +23,8 @@ if(WIN32)
       -fstack-protector-strong -ffunction-sections -fdata-sections)
     target_link_options(tollvane_options INTERFACE
       -fstack-protector-strong -Wl,--gc-sections -s)
+    # The same sources give the same bytes.
+    target_link_options(tollvane_options INTERFACE -Wl,--no-insert-timestamp)
   endif()
 else()
   if(TOLLVANE_SANITIZE)

@@ -16,17 +16,26 @@ def programs(build):
     return sorted(str(build / name) for name in names)
 
 
-def run_all(build, tally, places, launcher=()):
+def run_all(build, tally, places, proven, inputs, launcher=()):
     """Runs each program and adds up the cases. `places` are the environments of the processes that
-    share a program's cases; the report of each process stays beside the program."""
+    share a program's cases; the report of each process stays beside the program. What passed with
+    the same program and `inputs` is `proven` and only counted."""
     for program in programs(build):
-        name = pathlib.Path(program).name
-        print(f"-- {name}", flush=True)
-        reports = [pathlib.Path(f"{program}.{share}.json") for share in range(len(places))]
-        processes = [start(build, program, launcher, place, reports, share)
-                     for share, place in enumerate(places)]
-        for process, report in zip(processes, reports):
-            finish(name, process, report, tally)
+        name, made_of = pathlib.Path(program).name, [program, *inputs]
+        if not proven.covers(name, made_of, tally):
+            print(f"-- {name}", flush=True)
+            with proven.run(name, made_of, tally):
+                run(build, program, tally, places, launcher)
+
+
+def run(build, program, tally, places, launcher=()):
+    """Runs one program and adds up its cases."""
+    name = pathlib.Path(program).name
+    reports = [pathlib.Path(f"{program}.{share}.json") for share in range(len(places))]
+    processes = [start(build, program, launcher, place, reports, share)
+                 for share, place in enumerate(places)]
+    for process, report in zip(processes, reports):
+        finish(name, process, report, tally)
 
 
 def start(build, program, launcher, environment, reports, share):

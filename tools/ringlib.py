@@ -7,7 +7,9 @@ import sys
 
 TOP = pathlib.Path(__file__).resolve().parents[1]
 BUILD = TOP / "build"
-sys.path.insert(0, str(TOP / "tests" / "journeys"))
+JOURNEYS = TOP / "tests" / "journeys"
+HARNESS = JOURNEYS / "harness"
+sys.path.insert(0, str(JOURNEYS))
 
 
 def build(preset, *targets):
