@@ -10,6 +10,8 @@ TOP = pathlib.Path(__file__).resolve().parents[3]
 STAGE = TOP / "build" / "stage"
 TEMPLATE = TOP / "build" / "prefix-template"
 INSTALLED = pathlib.Path("drive_c/Program Files/Norrow Programs/Tollvane")
+# Seconds that a console program may take, also on a machine with much else to do.
+PATIENCE = 400
 SETTINGS_KEY = r"HKLM\Software\Norrow Programs\Tollvane"
 
 
@@ -66,7 +68,7 @@ class Prefix:
         """Runs a console program to its end and returns what it prints."""
         answer = subprocess.run(["wine", str(program), *arguments], env=self.environment(),
                                 cwd=self.program_folder, text=True, errors="replace",
-                                capture_output=True, timeout=120, check=False)
+                                capture_output=True, timeout=PATIENCE, check=False)
         if check and answer.returncode != 0:
             raise RuntimeError(f"{program} {arguments}: {answer.returncode} {answer.stdout}")
         return answer.stdout.replace("\r\n", "\n")
