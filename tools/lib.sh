@@ -62,7 +62,7 @@ run_parts() {
         before_part "$name"
         "$top/tools/$folder/$name" || bad=1
         # A part writes its counts last: one that crashed or ran nothing has failed.
-        read -r good bad_cases <"$TOLLVANE_TALLY" 2>/dev/null || good=0 bad_cases=1
+        read -r good bad_cases 2>/dev/null <"$TOLLVANE_TALLY" || good=0 bad_cases=1
         [ "$bad_cases" -gt 0 ] || bad_cases=$bad
         [ $((good + bad_cases)) -gt 0 ] || bad_cases=1
         say "$kind $name: $good passed, $bad_cases failed, $((SECONDS - started)) s"

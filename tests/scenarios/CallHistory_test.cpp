@@ -81,6 +81,14 @@ TEST_F(CallHistory, WhoseAttributesCannotBeClearedRaisesTheError) {
     EXPECT_EQ(contents(), "first call\r\n");
 }
 
+TEST_F(CallHistory, ThatCannotBeMarkedAgainRaisesTheErrorWithTheLineWritten) {
+    append("first call");
+    till.desktop.faults.failAt(Port::files, 3, 5); // after clearing and appending
+
+    EXPECT_EQ(failure("second call").number(), 5);
+    EXPECT_EQ(contents(), "first call\r\nsecond call\r\n");
+}
+
 TEST_F(CallHistory, IsWrittenByNoTransaction) {
     till.approveCharge();
     till.press("cmdCancel");
