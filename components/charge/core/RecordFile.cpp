@@ -1,33 +1,13 @@
 #include "components/charge/core/RecordFile.h"
 
 #include "components/charge/core/Failure.h"
+#include "platform/Checksum.h"
 
-#include <array>
-#include <cstdio>
 #include <utility>
 
 namespace tollvane::charge {
 
 namespace {
-
-constexpr std::size_t checksumDigits = 8;
-
-constexpr std::array<std::uint32_t, 256> crcTable() {
-    std::array<std::uint32_t, 256> table{};
-    for (std::uint32_t i = 0; i < table.size(); ++i) {
-        std::uint32_t value = i;
-        for (int bit = 0; bit < 8; ++bit)
-            value = (value & 1) != 0 ? 0xEDB88320u ^ (value >> 1) : value >> 1;
-        table[i] = value;
-    }
-    return table;
-}
-
-std::string checksum(std::string_view payload) {
-    char text[16] = {};
-    std::snprintf(text, sizeof text, "%08x", static_cast<unsigned>(crc32(payload)));
-    return text;
-}
 
 void appendEscaped(std::string& out, const std::string& field) {
     for (char character : field) {
@@ -64,19 +44,20 @@ Record fieldsOf(std::string_view payload) {
 }
 
 bool isGood(std::string_view line) {
-    return line.size() > checksumDigits && line[checksumDigits] == ' ' &&
-           line.substr(0, checksumDigits) == checksum(line.substr(checksumDigits + 1));
+    return line.size() > kChecksumDigits && line[kChecksumDigits] == ' ' &&
+           line.substr(0, kChecksumDigits) == checksumText(line.substr(kChecksumDigits + 1));
+}
+
+// A crash leaves the beginning of one record, or zeros where its beginning was to be. A whole line
+// that is wrong, or a record behind which another byte stands than its end, was on the disk once.
+bool isHalfWritten(std::string_view rest) {
+    const std::size_t end = rest.find('\n');
+    if (end == std::string_view::npos)
+        return !isGood(rest.substr(0, rest.size() - 1));
+    return rest.front() == '\0' && end + 1 == rest.size();
 }
 
 } // namespace
-
-std::uint32_t crc32(std::string_view bytes) noexcept {
-    static constexpr auto table = crcTable();
-    std::uint32_t value = 0xFFFFFFFFu;
-    for (char byte : bytes)
-        value = table[(value ^ static_cast<unsigned char>(byte)) & 0xFF] ^ (value >> 8);
-    return value ^ 0xFFFFFFFFu;
-}
 
 std::string encodeRecord(const Record& record) {
     std::string payload;
@@ -85,28 +66,22 @@ std::string encodeRecord(const Record& record) {
             payload += '\t';
         appendEscaped(payload, record[i]);
     }
-    return checksum(payload) + " " + payload + "\n";
+    return checksumText(payload) + " " + payload + "\n";
 }
 
 DecodedRecords decodeRecords(std::string_view content) {
     DecodedRecords result;
-    bool bad = false;
     std::size_t start = 0;
     while (start < content.size()) {
         const std::size_t end = content.find('\n', start);
-        if (end == std::string_view::npos)
-            break;
         const std::string_view line = content.substr(start, end - start);
+        if (end == std::string_view::npos || !isGood(line))
+            break;
+        result.records.push_back(fieldsOf(line.substr(kChecksumDigits + 1)));
         start = end + 1;
-        if (!isGood(line)) {
-            bad = true;
-        } else if (bad) {
-            result.damagedInside = true;
-        } else {
-            result.records.push_back(fieldsOf(line.substr(checksumDigits + 1)));
-            result.validSize = start;
-        }
+        result.validSize = start;
     }
+    result.damaged = start < content.size() && !isHalfWritten(content.substr(start));
     return result;
 }
 
@@ -116,7 +91,7 @@ RecordFile::RecordFile(FileStore& files, std::filesystem::path path, std::string
 std::vector<Record> RecordFile::load() {
     const std::string content = files_.read(path_);
     DecodedRecords decoded = decodeRecords(content);
-    if (decoded.damagedInside)
+    if (decoded.damaged)
         throw failure(failurenumber::damagedFile, "Files",
                       "The " + title_ + " \"" + path_.filename().string() +
                           "\" is damaged. Nothing was sent. Put the file right from a backup.");

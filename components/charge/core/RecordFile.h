@@ -1,6 +1,6 @@
 // An append-only file of records. Each record is one line: a checksum (CRC-32, eight hex digits), a
 // blank and the fields, separated by tabs. What a crash leaves half-written at the end is
-// recognised and cut off; damage anywhere else is reported and nothing is touched.
+// recognised and cut off; all other damage is reported and nothing is touched.
 #pragma once
 
 #include "components/charge/core/FileStore.h"
@@ -15,15 +15,13 @@ namespace tollvane::charge {
 
 using Record = std::vector<std::string>;
 
-std::uint32_t crc32(std::string_view bytes) noexcept;
-
 // One line with its end. Fields may hold any bytes.
 std::string encodeRecord(const Record& record);
 
 struct DecodedRecords {
     std::vector<Record> records;
     std::uint64_t validSize = 0; // bytes up to the end of the last good record
-    bool damagedInside = false;  // a good record follows a bad one
+    bool damaged = false;        // what follows the good records is not what a crash leaves
 };
 DecodedRecords decodeRecords(std::string_view content);
 
@@ -32,8 +30,8 @@ public:
     // title: what the file is to a person, such as "ledger".
     RecordFile(FileStore& files, std::filesystem::path path, std::string title);
 
-    // All good records. Cuts a damaged tail. Raises FileFailure, or failurenumber::damagedFile for
-    // a file that is damaged inside.
+    // All records. Cuts off a half-written one. Raises FileFailure, or failurenumber::damagedFile
+    // for a file that is damaged.
     std::vector<Record> load();
 
     // On the disk when it returns. Raises FileFailure; then the record is either gone or, when even

@@ -2,6 +2,7 @@
 
 #include "components/charge/core/CardDataMask.h"
 #include "components/charge/core/ProcessorRules.h"
+#include "platform/Checksum.h"
 
 #include <utility>
 

@@ -2,6 +2,7 @@
 
 #include "components/charge/core/CardDataMask.h"
 #include "components/charge/core/GatewayMoney.h"
+#include "platform/Checksum.h"
 
 #include <algorithm>
 #include <string_view>
@@ -46,6 +47,18 @@ std::string lineOf(const std::vector<Column>& columns) {
         line += (line.empty() ? "" : "  ") + (column.toTheRight ? filling + text : text + filling);
     }
     return line;
+}
+
+// Behind a line: "  #1a2b3c4d". Whoever adds up the log sees by it that the line is as written.
+std::string checkOf(std::string_view line) {
+    return "  #" + checksumText(line);
+}
+
+// A line without its end, cut short or changed since it was written.
+bool isDamaged(std::string_view line) {
+    const std::size_t checkSize = checkOf({}).size();
+    return line.size() < checkSize ||
+           line.substr(line.size() - checkSize) != checkOf(line.substr(0, line.size() - checkSize));
 }
 
 const char* resultText(const ProcessorAnswer& answer) {
@@ -108,7 +121,7 @@ void TransactionLog::mendTail() {
 
 void TransactionLog::appendLine(std::string line) {
     mendTail();
-    line += lineEnd;
+    line += checkOf(line) + lineEnd;
     const std::uint64_t before = files_.size(path_);
     try {
         files_.append(path_, line);
@@ -155,9 +168,9 @@ bool TransactionLog::hasOutcome(const std::string& key) {
     for (std::size_t at = content.find(wanted); at != std::string::npos;
          at = content.find(wanted, at + 1)) {
         const std::size_t lineStart = at == 0 ? 0 : content.rfind('\n', at) + 1;
-        const std::size_t end = content.find('\n', at);
+        const std::size_t end = content.find(lineEnd, at);
         const std::string_view line = std::string_view(content).substr(lineStart, end - lineStart);
-        if (end != std::string::npos && line.find("(interrupted)") == std::string_view::npos &&
+        if (end != std::string::npos && !isDamaged(line) &&
             line.find(std::string("  ") + unknownResult + " ") == std::string_view::npos)
             return true;
     }

@@ -1,7 +1,6 @@
 // The transaction log for people: one line an operation, in columns that two blanks separate, with
-// a
-// "-" for what is empty. On the disk when a call returns. Never holds card data but the last four
-// digits.
+// a "-" for what is empty and a checksum at the end. On the disk when a call returns. Never holds
+// card data but the last four digits.
 #pragma once
 
 #include "components/charge/core/FileStore.h"

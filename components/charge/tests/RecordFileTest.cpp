@@ -2,6 +2,7 @@
 
 #include "components/charge/core/Failure.h"
 #include "components/charge/tests/MemoryFiles.h"
+#include "platform/Checksum.h"
 
 #include <gtest/gtest.h>
 
@@ -45,25 +46,43 @@ TEST(RecordFile, WhereverTheTailIsCutOffTheRecordsBeforeItRemain) {
     }
 }
 
-TEST(RecordFile, ATailOfZerosOrNoiseIsCut) {
-    for (const std::string& tail : {std::string(4096, '\0'), std::string("noise\nmore noise\n"),
-                                    std::string("00000000 \n")}) {
-        MemoryFiles files;
-        files.contents["f"] = contentOf(samples) + tail;
-        if (tail[0] == '0')
-            files.contents["f"] = contentOf(samples) + "12345678 x\n";
+// The failure that loading the content raises; the records are compared when it raises none.
+bool isReportedDamaged(const std::string& content) {
+    MemoryFiles files;
+    files.contents["f"] = content;
+    try {
         EXPECT_EQ(samples, RecordFile(files, "f", "ledger").load());
         EXPECT_EQ(contentOf(samples), files.contents["f"]);
+        return false;
+    } catch (const com::ComponentError& error) {
+        EXPECT_EQ(failurenumber::damagedFile, error.number());
+        EXPECT_EQ(content, files.contents["f"]) << "the damaged file is left alone";
+        return true;
     }
 }
 
-TEST(RecordFile, EverySingleChangedByteIsNoticed) {
+TEST(RecordFile, WhatACrashLeavesOfARecordIsCutOff) {
+    const std::string zeros(9, '\0');
+    for (const std::string& tail : {std::string(4096, '\0'), std::string("12345678 x"),
+                                    zeros + "rest of it\n", zeros + "beginning", std::string("1")})
+        EXPECT_FALSE(isReportedDamaged(contentOf(samples) + tail)) << tail;
+}
+
+TEST(RecordFile, WholeLinesThatAreNoRecordsAreReported) {
+    const std::string zeros(9, '\0');
+    for (const std::string& tail : {std::string("12345678 x\n"), std::string("noise\nmore noise\n"),
+                                    std::string("\n"), zeros + "\n" + zeros + "\n", zeros + "\n1"})
+        EXPECT_TRUE(isReportedDamaged(contentOf(samples) + tail)) << tail;
+}
+
+TEST(RecordFile, EverySingleChangedBitIsReported) {
     const std::string content = contentOf(samples);
     for (std::size_t place = 0; place < content.size(); ++place) {
-        std::string changed = content;
-        changed[place] = static_cast<char>(changed[place] ^ 1);
-        const DecodedRecords decoded = decodeRecords(changed);
-        EXPECT_LT(decoded.records.size(), samples.size()) << place;
+        for (int bit = 0; bit < 8; ++bit) {
+            std::string changed = content;
+            changed[place] = static_cast<char>(changed[place] ^ (1 << bit));
+            EXPECT_TRUE(isReportedDamaged(changed)) << place << ", bit " << bit;
+        }
     }
 }
 

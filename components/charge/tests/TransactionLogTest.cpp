@@ -1,4 +1,5 @@
 #include "components/charge/tests/Shop.h"
+#include "platform/Checksum.h"
 
 #include <gtest/gtest.h>
 
@@ -80,6 +81,29 @@ TEST(TransactionLog, AHalfWrittenLineIsMarkedAndNotContinued) {
     ASSERT_TRUE(shop.charge("12.50"));
     ASSERT_EQ(2u, shop.logLines().size());
     EXPECT_EQ("2026-11-20 18:00:00  Somebody  CHAR  (interrupted)", shop.logLines()[0]);
+}
+
+TEST(TransactionLog, EveryLineEndsWithAChecksumOfTheRest) {
+    Shop shop;
+    shop.service->signIn("Mary Smith");
+    ASSERT_TRUE(shop.charge("12.50"));
+    ASSERT_EQ(2u, shop.logLines().size());
+    for (const std::string& line : shop.logLines()) {
+        const std::size_t check = line.rfind("  #");
+        ASSERT_NE(std::string::npos, check);
+        EXPECT_EQ(line.substr(check + 3), checksumText(line.substr(0, check)));
+    }
+}
+
+TEST(TransactionLog, AnOutcomeWhoseLineIsDamagedIsToldAgain) {
+    Shop shop;
+    ASSERT_TRUE(shop.charge("12.50"));
+    std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
+    TransactionLog reader(shop.files, "logs/ZENDACARD.LOG");
+    const std::string key = log.substr(log.find("[KEY") + 1, log.find(']') - log.find("[KEY") - 1);
+    EXPECT_TRUE(reader.hasOutcome(key));
+    log[log.find("12.50")] = '2';
+    EXPECT_FALSE(reader.hasOutcome(key));
 }
 
 TEST(TransactionLog, TheBlanksOfAnInterruptedProbeAreRemoved) {

@@ -1,5 +1,8 @@
 #include "components/hostdata/payments/PaymentTable.h"
 
+#include "components/hostdata/HostDataError.h"
+#include "platform/Checksum.h"
+
 namespace tollvane::hostdata {
 
 namespace {
@@ -17,15 +20,57 @@ void bindValue(Statement& statement, const FieldValue& value) {
         statement.bindNull();
 }
 
+std::string columnList() {
+    std::string columns;
+    for (const auto& field : kPaymentFields)
+        columns += std::string(field.column) + ", ";
+    return columns + "checksum";
+}
+
+// Kind, length and content of every field: no two records look the same.
+std::string checksumOf(const PaymentValues& values) {
+    std::string content;
+    for (const FieldValue& value : values) {
+        std::string field;
+        if (const auto* text = std::get_if<std::string>(&value))
+            field = "text " + std::to_string(text->size()) + " " + *text;
+        else if (const auto* number = std::get_if<std::int64_t>(&value))
+            field = "number " + std::to_string(*number);
+        content += field + "\n";
+    }
+    return checksumText(content);
+}
+
+// From a row of columnList().
+PaymentValues valuesOf(const Statement& row) {
+    PaymentValues values;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const int column = static_cast<int>(i);
+        if (row.isNull(column))
+            continue;
+        if (kPaymentFields[i].type == FieldType::text)
+            values[i] = row.text(column);
+        else
+            values[i] = row.number(column);
+    }
+    return values;
+}
+
+// Records of the first version have no checksum.
+bool isAsStored(const Statement& row, const PaymentValues& values) {
+    const int column = static_cast<int>(values.size());
+    return row.isNull(column) || row.text(column) == checksumOf(values);
+}
+
 } // namespace
 
 std::int64_t PaymentTable::add(const PaymentValues& values) {
     std::string columns;
     std::string marks;
-    for (const auto& field : kPaymentFields) {
-        if (isId(field))
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (isId(kPaymentFields[i]))
             continue;
-        columns += (columns.empty() ? "" : ", ") + std::string(field.column);
+        columns += (columns.empty() ? "" : ", ") + std::string(kPaymentFields[i].column);
         marks += marks.empty() ? "?" : ", ?";
     }
     auto insert =
@@ -34,27 +79,38 @@ std::int64_t PaymentTable::add(const PaymentValues& values) {
         if (!isId(kPaymentFields[i]))
             bindValue(insert, values[i]);
     insert.run();
-    return database_.lastInsertId();
+    const std::int64_t id = database_.lastInsertId();
+    PaymentValues stored = values;
+    stored[paymentField("Id")] = id;
+    database_.prepare("UPDATE payments SET checksum = ? WHERE id = ?")
+        .bind(std::string_view(checksumOf(stored)))
+        .bind(id)
+        .run();
+    return id;
 }
 
 std::optional<PaymentValues> PaymentTable::find(std::int64_t id) {
-    std::string columns;
-    for (const auto& field : kPaymentFields)
-        columns += (columns.empty() ? "" : ", ") + std::string(field.column);
-    auto query = database_.prepare("SELECT " + columns + " FROM payments WHERE id = ?");
+    auto query = database_.prepare("SELECT " + columnList() + " FROM payments WHERE id = ?");
     if (!query.bind(id).step())
         return std::nullopt;
-    PaymentValues values;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const int column = static_cast<int>(i);
-        if (query.isNull(column))
-            continue;
-        if (kPaymentFields[i].type == FieldType::text)
-            values[i] = query.text(column);
-        else
-            values[i] = query.number(column);
-    }
+    PaymentValues values = valuesOf(query);
+    if (!isAsStored(query, values))
+        throw HostDataError(Failure::storeDamaged,
+                            "The payment record with the number " + std::to_string(id) +
+                                " is damaged. Restore the host data file from the latest backup "
+                                "copy.");
     return values;
+}
+
+std::vector<std::int64_t> PaymentTable::damaged(std::size_t most) {
+    std::vector<std::int64_t> found;
+    auto query = database_.prepare("SELECT " + columnList() + " FROM payments ORDER BY id");
+    while (found.size() < most && query.step()) {
+        const PaymentValues values = valuesOf(query);
+        if (!isAsStored(query, values))
+            found.push_back(std::get<std::int64_t>(values[paymentField("Id")]));
+    }
+    return found;
 }
 
 std::int64_t PaymentTable::count() {

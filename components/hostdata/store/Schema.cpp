@@ -7,7 +7,7 @@ namespace tollvane::hostdata {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x54564844; // "TVHD"
-constexpr std::int64_t kVersion = 1;
+constexpr std::int64_t kVersion = 2;
 
 constexpr const char* kTables = R"sql(
 CREATE TABLE operators (
@@ -44,7 +44,8 @@ CREATE TABLE payments (
     sold_to_last TEXT,
     street TEXT,
     trans_id TEXT,
-    zip TEXT
+    zip TEXT,
+    checksum TEXT
 );
 CREATE TABLE store_settings (
     name TEXT PRIMARY KEY,
@@ -52,7 +53,13 @@ CREATE TABLE store_settings (
 ) WITHOUT ROWID;
 INSERT INTO store_settings (name, value) VALUES ('name_salt', randomblob(16));
 PRAGMA application_id=1414940740;
-PRAGMA user_version=1;
+PRAGMA user_version=2;
+)sql";
+
+// Payments that a store of the first version holds have no checksum.
+constexpr const char* kFromFirstVersion = R"sql(
+ALTER TABLE payments ADD COLUMN checksum TEXT;
+PRAGMA user_version=2;
 )sql";
 
 std::int64_t pragma(Database& database, const char* sql) {
@@ -82,7 +89,19 @@ void createTables(Database& database) {
     transaction.commit();
 }
 
+void upgradeTables(Database& database) {
+    Transaction transaction(database);
+    // Another process may have been quicker.
+    if (!hasPaymentChecksums(database))
+        database.execute(kFromFirstVersion);
+    transaction.commit();
+}
+
 } // namespace
+
+bool hasPaymentChecksums(Database& database) {
+    return pragma(database, "PRAGMA user_version") >= 2;
+}
 
 void prepareSchema(Database& database) {
     static_assert(kApplicationId == 1414940740);
@@ -90,6 +109,8 @@ void prepareSchema(Database& database) {
         createTables(database);
     requireOurSchema(database);
     checkSound(database);
+    if (!hasPaymentChecksums(database))
+        upgradeTables(database);
 }
 
 void requireOurSchema(Database& database) {

@@ -1,6 +1,7 @@
 #include "components/hostdata/store/StoreCare.h"
 
 #include "components/hostdata/HostDataError.h"
+#include "components/hostdata/payments/PaymentTable.h"
 #include "components/hostdata/store/Database.h"
 #include "components/hostdata/store/Schema.h"
 #include "components/hostdata/store/StoreFailure.h"
@@ -20,6 +21,7 @@ namespace {
 constexpr int kPagesAtOnce = 1024;
 constexpr auto kPause = std::chrono::milliseconds(20);
 constexpr int kPauses = 250;
+constexpr std::size_t kMostRecords = 20;
 constexpr const char* kManyProblems = "PRAGMA integrity_check(20)";
 
 std::filesystem::path pathOf(const std::string& utf8) {
@@ -56,6 +58,10 @@ StoreCheck problemsOf(Database& database) {
         check.problems.push_back("A row of the table \"" + references.text(0) +
                                  "\" refers to a row of \"" + references.text(2) +
                                  "\" that is not there.");
+    if (hasPaymentChecksums(database))
+        for (const std::int64_t id : PaymentTable(database).damaged(kMostRecords))
+            check.problems.push_back("The payment record with the number " + std::to_string(id) +
+                                     " is not as it was stored.");
     return check;
 }
 

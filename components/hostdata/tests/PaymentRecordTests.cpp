@@ -40,6 +40,40 @@ TEST_F(PaymentRecordTest, AStoredRecordIsReadBackByItsId) {
               FieldValue(std::string("2027-01-15T08:00:00Z")));
 }
 
+TEST_F(PaymentRecordTest, ARecordThatChangedSinceItWasStoredIsRefusedAsDamaged) {
+    for (const char* change :
+         {"UPDATE payments SET amount = amount + 1", "UPDATE payments SET approval = 'OK1235'",
+          "UPDATE payments SET zip = ''", "UPDATE payments SET street = approval",
+          "UPDATE payments SET id = id + 100", "UPDATE payments SET checksum = ''"}) {
+        fill(record, -250'000);
+        record.update();
+        store.write([&](Database& database) { database.execute(change); });
+        const std::int64_t id = store.read([](Database& database) {
+            auto last = database.prepare("SELECT max(id) FROM payments");
+            return last.step() ? last.number(0) : 0;
+        });
+        PaymentRecord reader(store, clock, {}, {});
+        EXPECT_EQ(failureOf([&] { reader.getRecordById(id); }), Failure::storeDamaged) << change;
+    }
+}
+
+TEST_F(PaymentRecordTest, AStoreOfTheFirstVersionIsBroughtUpToDate) {
+    {
+        Store old(folder.file("old.db"));
+        old.write([](Database& database) {
+            database.execute("ALTER TABLE payments DROP COLUMN checksum; PRAGMA user_version=1;"
+                             "INSERT INTO payments (created, amount) VALUES ('then', 12500)");
+        });
+    }
+    Store upgraded(folder.file("old.db"));
+    PaymentRecord reader(upgraded, clock, {}, {});
+    reader.getRecordById(1);
+    EXPECT_EQ(reader.value(paymentField("Amount")), FieldValue(std::int64_t{12'500}));
+    fill(reader, 1);
+    EXPECT_NO_THROW(reader.update());
+    EXPECT_NO_THROW(reader.getRecordById(2));
+}
+
 TEST_F(PaymentRecordTest, AFieldThatWasNotSetIsNothing) {
     fill(record, 1);
     record.update();

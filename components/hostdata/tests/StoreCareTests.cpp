@@ -1,5 +1,6 @@
 #include "components/hostdata/store/StoreCare.h"
 
+#include "components/hostdata/payments/PaymentRecord.h"
 #include "components/hostdata/tests/TestSupport.h"
 
 #include <chrono>
@@ -109,6 +110,35 @@ TEST(StoreCare, AReferenceToAMissingRowIsFound) {
     const StoreCheck check = checkStore(folder.file());
     ASSERT_EQ(check.problems.size(), 1U);
     EXPECT_NE(check.problems[0].find("\"privileges\""), std::string::npos) << check.problems[0];
+}
+
+TEST(StoreCare, PaymentsThatChangedSinceTheyWereStoredAreFound) {
+    const TestFolder folder;
+    {
+        Server server(folder.file());
+        PaymentRecord record(server.store, server.clock, {}, {});
+        for (int i = 0; i < 30; ++i) {
+            record.addNew();
+            record.update();
+        }
+        EXPECT_TRUE(checkStore(folder.file()).sound());
+        server.store.write([](Database& database) {
+            database.execute("UPDATE payments SET amount = 1 WHERE id % 10 = 2");
+        });
+    }
+    const StoreCheck check = checkStore(folder.file());
+    ASSERT_EQ(check.problems.size(), 3U);
+    EXPECT_NE(check.problems[1].find("number 12 "), std::string::npos) << check.problems[1];
+    EXPECT_EQ(failureOf([&] { backUpStore(folder.file(), folder.file("copy.db")); }),
+              Failure::storeDamaged);
+}
+
+TEST(StoreCare, AStoreOfTheFirstVersionIsCheckedAsItIs) {
+    const TestFolder folder;
+    makeStore(folder.file(), 3);
+    Database(folder.file())
+        .execute("ALTER TABLE payments DROP COLUMN checksum; PRAGMA user_version=1");
+    EXPECT_TRUE(checkStore(folder.file()).sound());
 }
 
 TEST(StoreCare, CheckingAMissingFileSaysThatItIsNotThere) {

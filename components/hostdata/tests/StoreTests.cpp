@@ -115,7 +115,7 @@ TEST(Store, TheFileOfAnotherProgramIsRefused) {
 TEST(Store, AFileOfANewerVersionIsRefused) {
     const TestFolder folder;
     Store first(folder.file());
-    first.read([](Database& database) { database.execute("PRAGMA user_version=2"); });
+    first.read([](Database& database) { database.execute("PRAGMA user_version=3"); });
     Store second(folder.file());
     EXPECT_EQ(failureOf([&] { rows(second); }), Failure::storeTooNew);
 }

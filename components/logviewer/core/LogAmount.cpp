@@ -62,4 +62,11 @@ void Sum::add(std::int64_t scaled) noexcept {
         value_ += scaled;
 }
 
+void Sum::subtract(std::int64_t scaled) noexcept {
+    if ((scaled < 0 && value_ > largest + scaled) || (scaled > 0 && value_ < smallest + scaled))
+        fits_ = false;
+    else
+        value_ -= scaled;
+}
+
 } // namespace tollvane::logviewer

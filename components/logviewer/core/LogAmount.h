@@ -19,6 +19,7 @@ namespace tollvane::logviewer {
 class Sum {
 public:
     void add(std::int64_t scaled) noexcept;
+    void subtract(std::int64_t scaled) noexcept;
     // Nothing once it has been too large.
     [[nodiscard]] std::optional<std::int64_t> value() const noexcept {
         return fits_ ? std::optional(value_) : std::nullopt;

@@ -67,9 +67,18 @@ void LogIndex::dropTail() {
 }
 
 void LogIndex::add(std::string_view text) {
-    const LogLine line = parseLine(text);
-    if (line.kind != LineKind::Blank)
-        addRow(line, text.size());
+    LogLine line = parseLine(text);
+    if (line.kind == LineKind::Blank) {
+        // Nothing writes zeros with a line end behind them.
+        if (text.find('\0') == std::string_view::npos)
+            return;
+        line = LogLine{};
+    }
+    // Older logs have no checksums. One that has begun to have them goes on with them.
+    if (checks_ && !line.isChecked)
+        line = LogLine{};
+    checks_ = checks_ || line.isChecked;
+    addRow(line, text.size());
 }
 
 void LogIndex::addRow(const LogLine& line, std::size_t length) {

@@ -70,6 +70,7 @@ private:
     std::vector<OpenVoid> openVoids_;
     std::uint64_t taken_ = 0;
     bool hasTail_ = false;
+    bool checks_ = false; // a line with a checksum has been seen
 };
 
 } // namespace tollvane::logviewer

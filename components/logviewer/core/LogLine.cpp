@@ -1,6 +1,7 @@
 #include "components/logviewer/core/LogLine.h"
 
 #include "components/logviewer/core/LogAmount.h"
+#include "platform/Checksum.h"
 
 #include <array>
 #include <optional>
@@ -112,6 +113,19 @@ std::string_view filled(std::string_view text) {
     return text == "-" ? std::string_view() : text;
 }
 
+constexpr std::string_view checkMark = "  #";
+
+// The line without its checksum; the whole line when it carries none. Nothing when it does not fit.
+std::optional<std::string_view> withoutCheck(std::string_view line) {
+    const std::size_t size = checkMark.size() + kChecksumDigits;
+    if (line.size() < size || line.substr(line.size() - size, checkMark.size()) != checkMark)
+        return line;
+    const std::string_view checked = line.substr(0, line.size() - size);
+    if (line.substr(line.size() - kChecksumDigits) != checksumText(checked))
+        return std::nullopt;
+    return checked;
+}
+
 bool takeSignIn(const Columns& columns, LogLine& line) {
     if (columns.count != signInColumns || columns.texts[2] != "SIGN-IN")
         return false;
@@ -144,7 +158,9 @@ LogLine parseLine(std::string_view line) {
         return blank;
     }
     LogLine found;
-    const Columns columns = columnsOf(line);
+    const auto content = withoutCheck(line);
+    const Columns columns = columnsOf(content.value_or(std::string_view()));
+    found.isChecked = content && content->size() < line.size();
     if (takeMoment(columns.texts[0], found) &&
         (takeOperation(columns, found) || takeSignIn(columns, found))) {
         found.operatorName = filled(columns.texts[1]);

@@ -10,8 +10,8 @@ std::optional<std::int64_t> ModeTotals::net() const noexcept {
         return std::nullopt;
     Sum net;
     net.add(*charged);
-    net.add(-*refunded);
-    net.add(-*voided);
+    net.subtract(*refunded);
+    net.subtract(*voided);
     return net.value();
 }
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace tollvane::logviewer {
 namespace {
 
@@ -120,6 +122,42 @@ TEST(LogTotals, DamagedLinesAreNotCounted) {
     EXPECT_EQ(totals.lines, 3U);
     EXPECT_EQ(totals.damaged, 2U);
     EXPECT_EQ(totals.live.net(), cents(1250));
+}
+
+TEST(LogTotals, NoChangedBitOfALineIsCounted) {
+    const std::string before = checkedLineOf({.amount = "1.00"});
+    const std::string line = checkedLineOf({.amount = "20.00"});
+    for (std::size_t place = 0; place < line.size(); ++place) {
+        for (int bit = 0; bit < 8; ++bit) {
+            std::string changed = line;
+            changed[place] = static_cast<char>(changed[place] ^ (1 << bit));
+            const LogTotals totals = totalsOf(indexOf(before + changed));
+            EXPECT_EQ(totals.live.net(), cents(100)) << place << ", bit " << bit;
+            EXPECT_GE(totals.damaged, 1U) << place << ", bit " << bit;
+        }
+    }
+}
+
+TEST(LogIndex, ALogThatHasBegunToHaveChecksumsGoesOnWithThem) {
+    const LogTotals totals =
+        totalsOf(indexOf(lineOf({.amount = "1.00"}) + checkedLineOf({.amount = "20.00"}) +
+                         lineOf({.amount = "300.00"})));
+    EXPECT_EQ(totals.live.net(), cents(2100));
+    EXPECT_EQ(totals.damaged, 1U);
+}
+
+TEST(LogIndex, ALineOfZerosIsDamaged) {
+    const LogTotals totals = totalsOf(indexOf(std::string(80, '\0') + "\r\n"));
+    EXPECT_EQ(totals.damaged, 1U);
+}
+
+TEST(LogTotals, ANetThatIsTooLargeIsNotTold) {
+    const std::string least = "-922337203685477.5807";
+    const std::string refunds = lineOf({.type = "REFUND", .amount = least}) +
+                                lineOf({.type = "REFUND", .amount = "-0.0001"});
+    EXPECT_FALSE(totalsOf(indexOf(refunds)).live.net());
+    EXPECT_EQ(totalsOf(indexOf(refunds + lineOf({.amount = "-0.0001"}))).live.net(),
+              std::numeric_limits<std::int64_t>::max());
 }
 
 TEST(LogTotals, TestAndLiveMoneyIsNeverAddedTogether) {

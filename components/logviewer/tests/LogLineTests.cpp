@@ -90,6 +90,15 @@ TEST(LogLine, AnInterruptedLineIsDamagedThoughItIsWhole) {
     EXPECT_EQ(parseLine(line).text, line);
 }
 
+TEST(LogLine, TheChecksumIsNoColumn) {
+    const std::string text = withoutEnd(checkedLineOf({}));
+    const LogLine line = parseLine(text);
+    EXPECT_EQ(line.kind, LineKind::Charge);
+    EXPECT_TRUE(line.isChecked);
+    EXPECT_EQ(line.text, "The transaction has been approved.");
+    EXPECT_FALSE(parseLine(withoutEnd(lineOf({}))).isChecked);
+}
+
 TEST(LogLine, BlanksAreNoLine) {
     EXPECT_EQ(kindOf(""), LineKind::Blank);
     EXPECT_EQ(kindOf(std::string(512, ' ')), LineKind::Blank);

@@ -4,6 +4,7 @@
 #include "components/logviewer/core/LogFilter.h"
 #include "components/logviewer/core/LogIndex.h"
 #include "components/logviewer/core/LogTotals.h"
+#include "platform/Checksum.h"
 
 #include <string>
 
@@ -20,12 +21,19 @@ struct Entry {
     std::string reference = "-";
 };
 
-// With its line end.
+// With its line end, and without a checksum as in older logs.
 inline std::string lineOf(const Entry& entry) {
     return entry.moment + "  " + entry.who + "           " + entry.type + "  " + entry.mode +
            "        " + entry.amount + "  ****1881  " + entry.result + "  1/1/0    123456  " +
            entry.transaction + "  " + entry.reference +
            "           [0123456789abcdef0123]  The transaction has been approved.\r\n";
+}
+
+// With its line end.
+inline std::string checkedLineOf(const Entry& entry) {
+    std::string line = lineOf(entry);
+    line.erase(line.size() - 2);
+    return line + "  #" + checksumText(line) + "\r\n";
 }
 
 inline LogIndex indexOf(const std::string& text) {
