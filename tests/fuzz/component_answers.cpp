@@ -1,0 +1,248 @@
+// Components that answer anything: values of every type, missing members, errors. Nothing of it
+// escapes a handler, nothing is charged twice, nothing approved is told as declined, and the next
+// clean charge succeeds.
+
+#include "entry/ChargeInfo.h"
+#include "tests/fuzz/Script.h"
+#include "tests/scenarios/Till.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+namespace {
+
+using namespace tollvane;
+using namespace tollvane::test;
+
+/// What the components answer from now on; everything is passed on when it is empty.
+class Disturbance {
+public:
+    void begin(std::string bytes) {
+        bytes_ = std::move(bytes);
+        at_ = 0;
+    }
+    void end() { begin({}); }
+
+    /// Another answer in the place of a true one.
+    Variant answer(Variant truth);
+
+    /// What the program was told of the operation that ran; nothing when it never was.
+    std::optional<bool> told;
+
+private:
+    std::size_t next() {
+        return at_ < bytes_.size() ? static_cast<unsigned char>(bytes_[at_++]) : 0;
+    }
+    Variant number(std::size_t kind);
+
+    std::string bytes_;
+    std::size_t at_ = 0;
+};
+
+/// Objects on their way to the program are disturbed too.
+class Disturbed : public AutomationObject {
+public:
+    Disturbed(ObjectRef inner, Disturbance& disturbance)
+        : inner_(std::move(inner)), disturbance_(disturbance) {}
+
+    Variant call(std::string_view member, std::vector<Argument> arguments) override {
+        const bool isOperation = member == "AuthorizeAndCapture" || member == "CaptureVoiceAuth" ||
+                                 member == "Credit" || member == "Void";
+        const Variant answer = disturbance_.answer(inner_->call(member, std::move(arguments)));
+        if (isOperation) {
+            disturbance_.told = asBool(answer);
+        }
+        return passed(answer);
+    }
+    Variant get(std::string_view member, std::vector<Argument> arguments) override {
+        return passed(disturbance_.answer(inner_->get(member, std::move(arguments))));
+    }
+    void put(std::string_view member, Variant value) override {
+        disturbance_.answer({});
+        inner_->put(member, std::move(value));
+    }
+    void putReference(std::string_view member, ObjectRef object) override {
+        disturbance_.answer({});
+        inner_->putReference(member, std::move(object));
+    }
+
+private:
+    Variant passed(const Variant& answer) {
+        const auto* object = std::get_if<ObjectRef>(&answer);
+        if (object == nullptr || *object == nullptr) {
+            return answer;
+        }
+        return ObjectRef(std::make_shared<Disturbed>(*object, disturbance_));
+    }
+
+    ObjectRef inner_;
+    Disturbance& disturbance_;
+};
+
+Variant Disturbance::number(std::size_t kind) {
+    using Whole = std::numeric_limits<std::int32_t>;
+    using Fraction = std::numeric_limits<double>;
+    switch (kind % 8) {
+    case 0: return Whole::max();
+    case 1: return Whole::min();
+    case 2: return std::int32_t{-1};
+    case 3: return Fraction::quiet_NaN();
+    case 4: return Fraction::infinity();
+    case 5: return 1e300;
+    case 6: return Money::fromScaled(std::numeric_limits<std::int64_t>::min());
+    default: return Money::fromScaled(static_cast<std::int64_t>(next()));
+    }
+}
+
+Variant Disturbance::answer(Variant truth) {
+    const std::size_t kind = next();
+    switch (kind % 16) {
+    case 1: return {};
+    case 2: return kind / 16 % 2 == 0;
+    case 3: return static_cast<std::int32_t>(kind / 16);
+    case 4: return number(kind / 16);
+    case 5: return DateTime{2027, 3, 1, 0, 0, 0};
+    case 6: return std::string(next() * 16, static_cast<char>(next()));
+    case 7: return std::string(kind / 16 % 2 == 0 ? "True" : "12.5");
+    case 8: return SecretText("4111111111111111");
+    case 9: return ObjectRef();
+    case 10: throw Error(errornumber::memberNotFound, "component", "No such member");
+    case 11: throw Error(-2147023174, "component", "The RPC server is unavailable.");
+    case 12: throw Error(errornumber::cannotCreateObject, "component", "Cannot create object");
+    default: return truth;
+    }
+}
+
+class DisturbedTill {
+public:
+    DisturbedTill() {
+        till.desktop.automation.registerProgId(
+            "ZendaSwiftill.Tollvane", [this] { return disturbed(till.desktop.charge.object()); });
+        till.desktop.automation.registerProgId("prjHabitat.clsHabitatI", [this] {
+            return disturbed(till.desktop.environment.object());
+        });
+        till.desktop.automation.registerProgId(
+            "dcZenda32.dcclsZenda32", [this] { return disturbed(till.desktop.hostData.object()); });
+        till.desktop.automation.registerClass(
+            FakeChecker::classId, FakeChecker::interfaceId,
+            [this] { return disturbed(till.desktop.checker.object()); });
+        till.desktop.boxes.whileOpen = [this](const Message& box) {
+            if (box.buttons != MessageButtons::ok) {
+                till.desktop.boxes.answer(MessageAnswer::yes);
+            }
+        };
+    }
+
+    Disturbance disturbance;
+    Till till;
+
+private:
+    ObjectRef disturbed(ObjectRef object) {
+        return std::make_shared<Disturbed>(std::move(object), disturbance);
+    }
+};
+
+void requireNothingEscaped(Till& till) {
+    for (const std::string& error : till.desktop.escaped.noted()) {
+        require(false, "escaped: " + error);
+    }
+}
+
+void requireUsable(Till& till) {
+    require(till.form().isOpen(), "the form is open");
+    require(till.form().mousePointer() == MousePointer::standard, "the pointer is the usual one");
+    for (const char* name : {"cmdCancel", "cmdModify"}) {
+        require(till.button(name).enabled(), std::string(name) + " is enabled");
+    }
+    require(till.button("cmdSubmit").enabled(), "cmdSubmit is enabled");
+    require(till.box("txtAmount").enabled(), "the amount can be typed");
+    require(till.form().activeControl() != nullptr, "a control has the focus");
+}
+
+bool hasBox(const std::vector<Message>& boxes, const std::string& title) {
+    return std::ranges::any_of(boxes, [&](const Message& box) { return box.title == title; });
+}
+
+/// A new entry from the beginning, charged, approved and posted.
+void requireCleanCharge(Till& till) {
+    till.choose(1);
+    till.choose(0);
+    till.program().ClearText();
+    till.fillCharge();
+    till.boxes();
+    const std::size_t operations = till.operations().size();
+    const std::size_t posted = till.desktop.hostData.posted.size();
+    till.submit();
+    require(till.operations().size() == operations + 1, "the next charge is sent once");
+    require(till.desktop.hostData.posted.size() == posted + 1, "and posted once");
+    require(till.program().TransactionApproved(), "and approved");
+    require(hasBox(till.boxes(), "Approved"), "and told");
+}
+
+void submitDisturbed(DisturbedTill& shop, int type, const std::string& script) {
+    Till& till = shop.till;
+    till.choose(type == 0 ? 1 : 0);
+    till.choose(type);
+    till.program().ClearText();
+    if (type == 0) {
+        till.fillCharge();
+    } else if (type == 1) {
+        till.fillRefund();
+    } else {
+        till.fillVoid();
+    }
+    till.boxes();
+    const std::size_t operations = till.operations().size();
+    const std::size_t posted = till.desktop.hostData.posted.size();
+    shop.disturbance.told.reset();
+    shop.disturbance.begin(script);
+    till.submit();
+    shop.disturbance.end();
+    const auto boxes = till.boxes();
+    requireNothingEscaped(till);
+    require(till.operations().size() <= operations + 1, "one operation at most");
+    require(till.desktop.hostData.posted.size() <= posted + 1, "one payment at most");
+    require(boxes.size() >= 1, "the operator is told");
+    const bool told = shop.disturbance.told.value_or(false);
+    require(till.program().TransactionApproved() == told, "approved is what was told so");
+    require(!told || !hasBox(boxes, "Authorization Failed"), "an approval is not a decline");
+    require(told || !hasBox(boxes, "Approved"), "nothing else is an approval");
+    till.desktop.record.forget();
+    till.desktop.registry.forgetCalls();
+}
+
+void startDisturbed(const std::string& script) {
+    DisturbedTill shop;
+    shop.disturbance.begin(script);
+    shop.till.start();
+    shop.disturbance.end();
+    requireNothingEscaped(shop.till);
+    if (shop.till.isOpen()) {
+        requireUsable(shop.till);
+        shop.till.press("cmdCancel");
+        require(!shop.till.isOpen(), "the form is closed");
+    } else {
+        require(shop.till.boxes().size() <= 1, "a start that fails says so once");
+    }
+    requireNothingEscaped(shop.till);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Script script(data, size);
+    const std::size_t what = script.next() % 4;
+    if (what == 3) {
+        startDisturbed(script.rest());
+        return 0;
+    }
+    static DisturbedTill shop;
+    if (!shop.till.isOpen()) {
+        shop.till.open();
+    }
+    submitDisturbed(shop, static_cast<int>(what), script.rest());
+    requireUsable(shop.till);
+    requireCleanCharge(shop.till);
+    return 0;
+}

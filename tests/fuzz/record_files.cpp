@@ -1,0 +1,125 @@
+// Damage to the charge component's ledger and journal, and a charge on what is left of them.
+
+#include "components/charge/core/Failure.h"
+#include "components/charge/tests/Shop.h"
+#include "tests/fuzz/Damage.h"
+
+namespace {
+
+using namespace tollvane;
+using namespace tollvane::charge;
+using test::require;
+
+constexpr const char* kLedger = "data/ledger-test.dat";
+constexpr const char* kJournal = "data/journal.dat";
+
+/// A day at the counter that ends with an operation whose outcome is not known yet.
+struct Day {
+    Day() {
+        Shop shop;
+        shop.service->signIn("Mary Smith");
+        const std::string first = shop.charged("12.50");
+        shop.charge("7002.20", Shop::otherCard);
+        shop.refund(first, "2.50");
+        shop.voidIt(shop.charged("40.00", Shop::otherCard));
+        shop.charge("7004.80");
+        try {
+            shop.charge("7005.03");
+        } catch (const com::ComponentError&) {
+            // Its journal entry stays open.
+        }
+        files = shop.files.contents;
+        entries = shop.ledger().entries();
+    }
+    std::map<std::string, std::string> files;
+    std::vector<LedgerEntry> entries;
+};
+
+const Day& day() {
+    static const Day day;
+    return day;
+}
+
+std::int64_t approvedCharges(const std::vector<LedgerEntry>& entries) {
+    std::int64_t total = 0;
+    for (const LedgerEntry& entry : entries) {
+        total +=
+            entry.operation == Operation::Charge && entry.approved() ? entry.amount.scaled() : 0;
+    }
+    return total;
+}
+
+/// Nothing when the file is reported as damaged.
+std::optional<std::vector<LedgerEntry>> loaded(MemoryFiles files) {
+    try {
+        Ledger ledger(files, kLedger);
+        ledger.load();
+        return ledger.entries();
+    } catch (const com::ComponentError& error) {
+        require(error.number() == failurenumber::damagedFile, "damage is reported as damage");
+        return std::nullopt;
+    }
+}
+
+void requireBeginning(const std::vector<LedgerEntry>& entries, std::size_t count) {
+    require(entries.size() >= count && count <= day().entries.size(), "no entry is made up");
+    for (std::size_t i = 0; i < count; ++i) {
+        const LedgerEntry& was = day().entries[i];
+        require(entries[i].key == was.key && entries[i].amount == was.amount &&
+                    entries[i].answer == was.answer && entries[i].reference == was.reference,
+                "an entry is as it was written");
+    }
+}
+
+void judgeLedger(const MemoryFiles& files, const std::string& damaged) {
+    const std::string& before = day().files.at(kLedger);
+    const auto entries = loaded(files);
+    if (damaged == before) {
+        require(entries && entries->size() == day().entries.size(), "a sound ledger is loaded");
+    }
+    if (!entries) {
+        return;
+    }
+    requireBeginning(*entries, entries->size());
+    const std::size_t lost = day().entries.size() - entries->size();
+    const bool wasCut = damaged.size() < before.size();
+    // Zeros in the place of the last entry's beginning are what a crash leaves.
+    const bool isTorn = lost == 1 && damaged.find('\0') != std::string::npos;
+    require(lost == 0 || wasCut || isTorn, "changed entries are reported");
+}
+
+void chargeOn(Shop& shop) {
+    const auto before = loaded(shop.files);
+    const std::string ledger = shop.files.contents[kLedger];
+    bool approved = false;
+    try {
+        approved = shop.charge("55.00", Shop::otherCard);
+    } catch (const com::ComponentError& error) {
+        require(error.number() == failurenumber::damagedFile, "only damage keeps from charging");
+        require(shop.submissions == 0 && shop.files.contents[kLedger] == ledger,
+                "nothing is sent on damaged files");
+        return;
+    }
+    require(before.has_value(), "no charge on a damaged ledger");
+    require(approved && shop.submissions == 1, "a charge on sound files is approved");
+    const auto after = loaded(shop.files);
+    require(after && after->size() == before->size() + 1, "the charge is in the ledger, once");
+    requireBeginning(*after, before->size());
+    require(approvedCharges(*after) == approvedCharges(*before) + 550'000, "the total is right");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    test::Script script(data, size);
+    Shop shop;
+    shop.files.contents = day().files;
+    shop.keys = 100;
+    while (!script.atEnd()) {
+        const bool ofLedger = script.next() % 2 == 0;
+        test::damageOnce(shop.files.contents[ofLedger ? kLedger : kJournal], script, 0);
+    }
+    judgeLedger(shop.files, shop.files.contents[kLedger]);
+    chargeOn(shop);
+    return 0;
+}
