@@ -5,8 +5,12 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace tollvane::test {
+
+/// What disks leave where nothing of the file is.
+inline constexpr std::string_view kPatterns("\0\xFF\x5A\xA5", 4);
 
 /// One piece of damage at `from` or behind it. Where it lies is a share of what there is, so that
 /// the whole of a long file can be reached.
@@ -22,7 +26,7 @@ inline void damageOnce(std::string& content, Script& script, std::size_t from) {
         content.resize(place);
     } else if (kind % 4 == 1) {
         const std::size_t length = std::min(script.next() + 1, content.size() - place);
-        content.replace(place, length, length, static_cast<char>(script.next()));
+        content.replace(place, length, length, kPatterns[script.next() % kPatterns.size()]);
     } else {
         content[place] = static_cast<char>(content[place] ^ (1 << (kind / 4 % 8)));
     }

@@ -7,13 +7,14 @@
 #include <cstdlib>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace tollvane::test {
 
 /// Ends the process, which the fuzzer keeps the input for, when a promise is broken.
-inline void require(bool holds, const std::string& promise) {
+inline void require(bool holds, std::string_view promise) {
     if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", promise.c_str());
+        std::fprintf(stderr, "broken: %.*s\n", static_cast<int>(promise.size()), promise.data());
         std::abort();
     }
 }

@@ -150,9 +150,8 @@ private:
     }
     static void requireText(const RegistryValue* stored, const std::string& text) {
         if (stored != nullptr && isPlain(*stored)) {
-            require(
-                std::equal(text.begin(), text.end(), stored->data.begin(), stored->data.end() - 1),
-                "a stored text is read as it is");
+            require(text == std::string(stored->data.begin(), stored->data.end() - 1),
+                    "a stored text is read as it is");
         }
     }
 

@@ -68,12 +68,8 @@ void LogIndex::dropTail() {
 
 void LogIndex::add(std::string_view text) {
     LogLine line = parseLine(text);
-    if (line.kind == LineKind::Blank) {
-        // Nothing writes zeros with a line end behind them.
-        if (text.find('\0') == std::string_view::npos)
-            return;
-        line = LogLine{};
-    }
+    if (line.kind == LineKind::Blank)
+        return;
     // Older logs have no checksums. One that has begun to have them goes on with them.
     if (checks_ && !line.isChecked)
         line = LogLine{};

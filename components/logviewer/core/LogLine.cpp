@@ -152,7 +152,7 @@ bool takeOperation(const Columns& columns, LogLine& line) {
 } // namespace
 
 LogLine parseLine(std::string_view line) {
-    if (line.find_first_not_of(std::string_view(" \0\r", 3)) == std::string_view::npos) {
+    if (line.find_first_not_of(" \r") == std::string_view::npos) {
         LogLine blank;
         blank.kind = LineKind::Blank;
         return blank;

@@ -146,9 +146,10 @@ TEST(LogIndex, ALogThatHasBegunToHaveChecksumsGoesOnWithThem) {
     EXPECT_EQ(totals.damaged, 1U);
 }
 
-TEST(LogIndex, ALineOfZerosIsDamaged) {
-    const LogTotals totals = totalsOf(indexOf(std::string(80, '\0') + "\r\n"));
-    EXPECT_EQ(totals.damaged, 1U);
+TEST(LogIndex, ZerosAreDamageWithALineEndAndWithout) {
+    const std::string zeros(80, '\0');
+    EXPECT_EQ(totalsOf(indexOf(zeros + "\r\n")).damaged, 1U);
+    EXPECT_EQ(totalsOf(indexOf(checkedLineOf({}) + zeros)).damaged, 1U);
 }
 
 TEST(LogTotals, ANetThatIsTooLargeIsNotTold) {

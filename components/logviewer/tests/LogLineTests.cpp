@@ -102,7 +102,10 @@ TEST(LogLine, TheChecksumIsNoColumn) {
 TEST(LogLine, BlanksAreNoLine) {
     EXPECT_EQ(kindOf(""), LineKind::Blank);
     EXPECT_EQ(kindOf(std::string(512, ' ')), LineKind::Blank);
-    EXPECT_EQ(kindOf(std::string("  \0 ", 4)), LineKind::Blank);
+}
+
+TEST(LogLine, ZerosAreDamage) {
+    EXPECT_EQ(kindOf(std::string("  \0 ", 4)), LineKind::Damaged);
 }
 
 TEST(LogLine, WhatTheChargeComponentWritesIsRead) {
