@@ -7,10 +7,12 @@ import pytest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
+from harness import cards
 from harness.counter import Counter
 from harness.display import Display
-from harness.prefix import Prefix, TOP
+from harness.prefix import TEMPLATE, Prefix, TOP
 from harness.printers import PrintServer
+from harness.secrets import left_behind
 from harness.till import Till
 
 KEPT = TOP / "build" / "journeys"
@@ -34,10 +36,20 @@ def display():
 
 @pytest.fixture
 def prefix(display, pictures):
-    """A Windows in which nobody has started the program yet."""
+    """A Windows in which nobody has started the program yet. What the journey leaves in it is
+    searched for the cards that are used at the till."""
     made = Prefix.installed(pictures / "prefix", display)
     yield made
+    made.stop()
+    found = cards.SEARCH.finds_in(left_behind(made.folder, TEMPLATE) + printed(pictures))
     made.remove()
+    assert not found, f"card data was left: {found}"
+
+
+def printed(pictures):
+    """What a print server of the journey has written: documents, spool files and logs."""
+    return [path for path in (pictures / "print-server").rglob("*")
+            if path.is_file() and not path.is_symlink()]
 
 
 @pytest.fixture

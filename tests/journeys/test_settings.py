@@ -1,7 +1,8 @@
 """What the program is told through its own dialogs, and what becomes of it."""
 
-from harness import company
-from harness.counter import CARD, MANAGER, QUESTION
+from harness import cards, company
+from harness.cards import CARD
+from harness.counter import MANAGER, QUESTION
 from harness.paper import Sheet
 from harness.probe import Probe
 from harness.waiting import until
@@ -10,7 +11,7 @@ COMPANY = r"\Company Information"
 OPTIONS = r"\Options"
 REQUIRED = r"\Options\Required Fields"
 MISSING = "Required Field Missing"
-SWIPE = "%B4111111111111111^SMITH/JOHN^2912101000000?"
+SWIPE = f"%B{cards.numbered(1)}^SMITH/JOHN^2912101000000?"
 
 
 def open_company(till):

@@ -7,6 +7,7 @@ import os
 
 import pytest
 
+from harness import cards
 from harness.reader import Reader
 from harness.waiting import until
 
@@ -27,13 +28,6 @@ UNREADABLE = (";E?+E?\r", ";4999{tail}=29011010000000000?\r", ";4999{tail}=2901?
 def paces():
     """(milliseconds, bursts) of each pace that is to be played."""
     return [tuple(map(int, pace.split(":"))) for pace in SWIPES.split()]
-
-
-def card_number(count):
-    """A card number of which the check digit is right; another one for each count."""
-    digits = f"4{count:014}"
-    doubled = sum(sum(divmod(2 * int(digit), 10)) for digit in digits[::2])
-    return digits + str(-(doubled + sum(map(int, digits[1::2]))) % 10)
 
 
 def burst(number):
@@ -88,7 +82,7 @@ def test_every_swipe_is_taken_and_nothing_lands_elsewhere(till, counter, display
         unreadable = itertools.cycle(UNREADABLE)
         for count, name, broken in zip(range(swipes), itertools.cycle(FIELDS),
                                        itertools.cycle(BROKEN_OFF)):
-            number, tail = card_number(count), f"{count:012}"
+            number, tail = cards.numbered(count), f"{count:04}{cards.MARK}"
             what = f"swipe {count} into {name} behind {broken!r}"
             desk.send(name, broken.format(tail=tail) + burst(number))
             until(what, lambda: desk.caret() == NEXT, interval=0.005, otherwise=desk.caret)

@@ -2,20 +2,11 @@
 
 import dataclasses
 
+from .cards import CARD, track_end
+
 QUESTION = "Enter Company Information Now?"
 APPROVED = "Approved"
 FAILED = "Authorization Failed"
-
-
-@dataclasses.dataclass(frozen=True)
-class Card:
-    """A card as its holder reads it out. The number passes the check and belongs to nobody."""
-
-    holder: str = "Mary Ann Smith"
-    number: str = "4012888888881881"
-    code: str = "7391"
-    month: str = "August"
-    year: str = "2029"
 
 
 @dataclasses.dataclass(frozen=True)
@@ -28,13 +19,7 @@ class Operator:
     password: str = "counter-7-bell"
 
 
-CARD = Card()
 MANAGER = Operator()
-
-
-def track_end(card):
-    """What a track holds last: the expiry date, the service code, the issuer's own digits."""
-    return f"{card.year[2:]}081010000000000"
 
 
 class Counter:

@@ -8,7 +8,7 @@ import subprocess
 
 TOP = pathlib.Path(__file__).resolve().parents[3]
 STAGE = TOP / "build" / "stage"
-TEMPLATE = TOP / "build" / "prefix-template"
+TEMPLATE = TOP / "build" / "prefix-installed"
 INSTALLED = pathlib.Path("drive_c/Program Files/Norrow Programs/Tollvane")
 # Seconds that a console program may take, also on a machine with much else to do.
 PATIENCE = 400
@@ -36,16 +36,15 @@ class Prefix:
     @classmethod
     def installed(cls, folder, display=None):
         """A fresh copy of a prefix in which the program was just installed."""
-        template = TOP / "build" / "prefix-installed"
         prefix = cls(folder, display)
         prefix.remove()
         with open(TOP / "build" / "prefix-installed.lock", "w", encoding="ascii") as lock:
             # Journeys may run side by side; the first one prepares what all of them copy.
             fcntl.flock(lock, fcntl.LOCK_EX)
-            shell("make_prefix", template)
-            shell("install_program", template, STAGE)
-            shell("stop_wine", template)
-            copy_prefix(template, prefix.folder)
+            shell("make_prefix", TEMPLATE)
+            shell("install_program", TEMPLATE, STAGE)
+            shell("stop_wine", TEMPLATE)
+            copy_prefix(TEMPLATE, prefix.folder)
         return prefix
 
     def environment(self):

@@ -1,47 +1,87 @@
-"""Looks for card data in everything that a journey left behind."""
+"""Looks for card data in everything that a journey left behind, however it was written down."""
 
 import re
+import subprocess
+
+SHORTEST = 8        # digits in a row that are too many to be left
+SHORTEST_PACKED = 10  # of those that are packed two to a byte, where anything looks like digits
+# What may stand between the digits: the zeros of wider characters, and what people group them by.
+BETWEEN = b"\0 \t\r\n\\-.,"
+DIGITS = re.compile(rb"[0-9]{%d,}" % SHORTEST)
+# The same as text of hexadecimal bytes, in which the registry's files show binary values.
+SPELLED = re.compile(rb"(?:3[0-9](?:00)*){%d,}" % SHORTEST)
+SPELLED_DIGIT = re.compile(rb"3([0-9])(?:00)*")
 
 
-def finds(files, secret):
-    """The files that hold the secret, in 8-bit, 16-bit or the registry files' own notation."""
-    patterns = [compiled(secret, width) for width in (1, 2)]
-    patterns += [hexadecimal(secret, width) for width in (1, 2)]
-    found = []
-    for path in files:
-        # The registry files break long values over lines.
-        content = re.sub(rb"\\\r?\n\s*", b"", path.read_bytes())
-        if any(pattern.search(content) for pattern in patterns):
-            found.append(str(path))
-    return found
+class CardSearch:
+    """Knows some card numbers and the issuer's digits of tracks, and finds them and their parts;
+    card codes it finds where they stand as a word, for any four digits may be part of a number."""
+
+    def __init__(self, numbers, codes=()):
+        self._rows = {window for number in numbers for row in (number, number[::-1])
+                      for window in windows(row, SHORTEST)}
+        self._packed = {bytes.fromhex(window) for number in numbers
+                        for window in windows(number, SHORTEST_PACKED)}
+        self._codes = [word(code) for code in codes]
+
+    def finds(self, content):
+        """What there is of the cards in these bytes: a list of sorts of findings."""
+        squeezed = content.translate(None, BETWEEN)
+        found = []
+        if any(self._has_row(row) for row in DIGITS.findall(squeezed)):
+            found.append("digits")
+        if any(self._has_row(b"".join(SPELLED_DIGIT.findall(row)))
+               for row in SPELLED.findall(squeezed)):
+            found.append("digits in hexadecimal")
+        if any(packed in content for packed in self._packed):
+            found.append("packed digits")
+        if any(code.search(content) for code in self._codes):
+            found.append("card code")
+        return found
+
+    def finds_in(self, files):
+        """The same for files: {path: findings} of those that hold anything."""
+        found = {str(path): self.finds(content_of(path)) for path in files}
+        return {path: what for path, what in found.items() if what}
+
+    def _has_row(self, row):
+        text = row.decode("ascii")
+        return any(text[at:at + SHORTEST] in self._rows for at in range(len(text) - SHORTEST + 1))
 
 
-def finds_word(files, secret):
-    """The files in which the secret stands by itself: no letter or digit next to it."""
-    narrow = re.compile(rb"(?<![0-9A-Za-z])" + secret.encode("ascii") + rb"(?![0-9A-Za-z])")
-    wide = re.compile(rb"(?<![0-9A-Za-z]\0)" + secret.encode("utf-16-le")
-                      + rb"(?![0-9A-Za-z]\0)")
-    return [str(path) for path in files
-            if narrow.search(path.read_bytes()) or wide.search(path.read_bytes())]
+def windows(digits, length):
+    """Every part of that length which is no mere repetition of one digit, as any file holds it."""
+    parts = [digits[at:at + length] for at in range(len(digits) - length + 1)]
+    return [part for part in parts if max(map(part.count, part)) < length - 1]
 
 
-def compiled(secret, width):
-    """A pattern of the secret's characters, also in groups parted by a blank or a hyphen."""
-    rest = rb"\0" * (width - 1)
-    letters = [re.escape(letter.encode("ascii")) + rest for letter in secret]
-    return re.compile((rb"(?:[ -]" + rest + rb")?").join(letters))
+def word(code):
+    """A pattern of the code with no letter or digit next to it, in 8-bit and 16-bit characters."""
+    wide = code.encode("utf-16-le")
+    return re.compile(rb"(?<![0-9A-Za-z])" + code.encode("ascii") + rb"(?![0-9A-Za-z])"
+                      rb"|(?<![0-9A-Za-z]\0)" + wide + rb"(?![0-9A-Za-z]\0)")
 
 
-def hexadecimal(secret, width):
-    """A pattern of the secret as the registry files write binary values."""
-    encoded = secret.encode("ascii" if width == 1 else "utf-16-le")
-    return re.compile(b",".join(f"{byte:02x}".encode() for byte in encoded))
+def content_of(path):
+    """What a file holds; of a printed document the text too."""
+    content = path.read_bytes()
+    if content.startswith(b"%PDF"):
+        content += subprocess.run(["pdftotext", "-layout", str(path), "-"], check=True,
+                                  capture_output=True).stdout
+    return content
 
 
 def left_behind(prefix, template):
-    """The files of a prefix that are not the system's own, which are links into the template."""
-    known = {(entry.stat().st_dev, entry.stat().st_ino)
-             for entry in (template / "drive_c" / "windows").rglob("*") if entry.is_file()}
+    """The files of a prefix that are not as its template had them."""
     return [path for path in prefix.rglob("*")
             if path.is_file() and not path.is_symlink() and "dosdevices" not in path.parts
-            and (path.stat().st_dev, path.stat().st_ino) not in known]
+            and not is_same(path, template / path.relative_to(prefix))]
+
+
+def is_same(path, original):
+    """True for a link to the original and for a copy that nobody has written to."""
+    if not original.exists():
+        return False
+    one, other = path.stat(), original.stat()
+    return ((one.st_dev, one.st_ino) == (other.st_dev, other.st_ino)
+            or (one.st_size, one.st_mtime_ns) == (other.st_size, other.st_mtime_ns))
