@@ -125,10 +125,11 @@ TEST(TransactionLog, FolderAndNameAreThoseOfTheSettings) {
 }
 
 TEST(Settings, AFileNameIsPlain) {
-    for (const char* good : {"ZENDACARD.LOG", "my log.txt", "a", "console.log", "com10"})
+    for (const char* good : {"ZENDACARD.LOG", "my log.txt", "a", "console.log", "com10", "com0",
+                             "lpt~", "comx", "abc1", "lp11"})
         EXPECT_TRUE(isPlainFileName(good)) << good;
-    for (const char* bad :
-         {"", "a\\b", "a/b", "a:b", "a*", "CON", "nul.txt", "Com1.log", "a.", "a ", "..", "a\tb"})
+    for (const char* bad : {"", "a\\b", "a/b", "a:b", "a*", "CON", "nul.txt", "prn", "Aux.log",
+                            "Com1.log", "LPT9", "a.", "a ", "..", "a\tb"})
         EXPECT_FALSE(isPlainFileName(bad)) << bad;
     EXPECT_FALSE(isPlainFileName(std::string(256, 'a')));
 }

@@ -206,6 +206,60 @@ TEST(LogTotals, AVoidOfATransactionOfAnotherLogTakesNothingBack) {
     EXPECT_EQ(totals.live.net(), cents(1250));
 }
 
+TEST(LogTotals, AVoidWhoseReferenceIsNoIdTakesNothingBack) {
+    for (const char* reference : {"-", "10000000001x", "x", "12345678901234567890"}) {
+        const LogTotals totals = totalsOf(
+            indexOf(lineOf({.amount = "9.00", .transaction = "12"}) +
+                    lineOf({.amount = "5.00", .transaction = reference}) +
+                    lineOf({.type = "VOID", .transaction = "13", .reference = reference})));
+        EXPECT_EQ(totals.live.net(), cents(1400)) << reference;
+        EXPECT_EQ(totals.live.voids.count, 1U);
+    }
+}
+
+TEST(LogTotals, ASumThatIsTooLargeIsTheOnlyOneThatIsNotTold) {
+    const std::string most = "922337203685477.5807";
+    const auto twice = [&](const char* type) {
+        return totalsOf(indexOf(lineOf({.type = type, .amount = most, .transaction = "1"}) +
+                                lineOf({.type = type, .amount = most, .transaction = "2"})));
+    };
+    EXPECT_FALSE(twice("CHARGE").live.charges.sum.value());
+    EXPECT_FALSE(twice("CHARGE").live.net());
+    EXPECT_FALSE(twice("REFUND").live.refunds.sum.value());
+    EXPECT_FALSE(twice("REFUND").live.net());
+    EXPECT_EQ(twice("REFUND").live.charges.sum.value(), 0);
+    ModeTotals voids;
+    voids.voids.add(std::numeric_limits<std::int64_t>::max());
+    voids.voids.add(1);
+    EXPECT_FALSE(voids.net());
+}
+
+TEST(LogIndex, MoreOperatorsThanThereAreNumbersForHaveNoName) {
+    std::string text;
+    for (int i = 0; i < 65'536; ++i)
+        text += lineOf({.who = "Operator" + std::to_string(i)});
+    const LogIndex index = indexOf(text);
+    ASSERT_EQ(index.rows().size(), 65'536U);
+    EXPECT_EQ(index.operators().size(), 65'535U);
+    EXPECT_EQ(index.operators()[index.rows()[65'533].operatorId], "Operator65533");
+    EXPECT_EQ(index.rows()[65'534].operatorId, 0);
+    EXPECT_EQ(index.rows()[65'535].operatorId, 0);
+}
+
+TEST(LogFilter, EveryWishButTheirOwnHidesDamagedLines) {
+    LogRow damaged{};
+    damaged.kind = LineKind::Damaged;
+    EXPECT_TRUE(LogFilter{}.wants(damaged));
+    EXPECT_TRUE(LogFilter{.damagedOnly = true}.wants(damaged));
+    for (const LogFilter& wish :
+         {LogFilter{.from = 0}, LogFilter{.to = 99999999}, LogFilter{.kind = LineKind::Damaged},
+          LogFilter{.operatorId = std::uint16_t{0}}, LogFilter{.result = LineResult::None},
+          LogFilter{.mode = LineMode::None}}) {
+        EXPECT_FALSE(wish.isEmpty());
+        EXPECT_FALSE(wish.wants(damaged));
+    }
+}
+
 TEST(LogFilter, DaysAreInclusive) {
     const LogIndex index = indexOf(lineOf({.moment = "2026-11-20 23:59:59"}) +
                                    lineOf({.moment = "2026-11-21 00:00:00"}) +

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace tollvane::logviewer {
 namespace {
 
@@ -75,6 +77,31 @@ TEST(LogLine, WhatIsNotALineOfTheLogIsDamaged) {
     EXPECT_EQ(kindOf(withoutEnd(lineOf({.result = "APPROVE"}))), LineKind::Damaged);
     EXPECT_EQ(kindOf(good + "  one column more"), LineKind::Damaged);
     EXPECT_EQ(kindOf("x" + good), LineKind::Damaged);
+}
+
+TEST(LogLine, AMomentIsAMomentOfTheCalendar) {
+    for (const char* moment : {"x026-11-21 09:05:03", "2x26-11-21 09:05:03", "20x6-11-21 09:05:03",
+                               "202/-11-21 09:05:03", "2026-:1-21 09:05:03", "2026-00-21 09:05:03",
+                               "2026-11-00 09:05:03", "2026-11-32 09:05:03", "2026-11-2  09:05:03",
+                               "2026-11-21 0x:05:03", "2026-11-21 09:60:03", "2026-11-21 09:05:61",
+                               "2026-11-21 09:05:0", "2026-11-21 09.05:03"})
+        EXPECT_EQ(kindOf(withoutEnd(lineOf({.moment = moment}))), LineKind::Damaged) << moment;
+    for (const char* moment : {"0000-01-01 00:00:00", "9999-12-31 23:59:60"})
+        EXPECT_EQ(kindOf(withoutEnd(lineOf({.moment = moment}))), LineKind::Charge) << moment;
+    EXPECT_EQ(parseLine(withoutEnd(lineOf({.moment = "1999-12-31 23:59:60"}))).day, 19991231);
+}
+
+TEST(LogLine, TheKeyStandsInBrackets) {
+    const std::string good = withoutEnd(lineOf({}));
+    const std::string key = "[0123456789abcdef0123]";
+    for (const char* other : {"[]", "0123456789]", "[0123456789", "-"}) {
+        std::string line = good;
+        line.replace(line.find(key), key.size(), other);
+        EXPECT_EQ(kindOf(line), LineKind::Damaged) << other;
+    }
+    std::string shortest = good;
+    shortest.replace(shortest.find(key), key.size(), "[k]");
+    EXPECT_EQ(kindOf(shortest), LineKind::Charge);
 }
 
 TEST(LogLine, ALineCutAnywhereIsDamaged) {
@@ -161,6 +188,23 @@ TEST(LogAmount, ASumThatBecomesTooLargeIsNotTold) {
     EXPECT_FALSE(sum.value());
     sum.add(-1);
     EXPECT_FALSE(sum.value());
+}
+
+TEST(LogAmount, ASumBelowTheLeastIsNotTold) {
+    constexpr auto least = std::numeric_limits<std::int64_t>::min();
+    Sum sum;
+    sum.add(least);
+    EXPECT_EQ(sum.value(), least);
+    sum.add(-1);
+    EXPECT_FALSE(sum.value());
+    Sum less;
+    less.subtract(1);
+    EXPECT_EQ(less.value(), -1);
+    less.subtract(-3);
+    EXPECT_EQ(less.value(), 2);
+    less.subtract(std::numeric_limits<std::int64_t>::max());
+    less.subtract(4);
+    EXPECT_FALSE(less.value());
 }
 
 } // namespace
