@@ -65,6 +65,14 @@ VARIANT argument(BSTR text) noexcept {
     return made;
 }
 
+VARIANT argument(CY value) noexcept {
+    VARIANT made;
+    VariantInit(&made);
+    V_VT(&made) = VT_CY;
+    V_CY(&made) = value;
+    return made;
+}
+
 VARIANT argument(const com::Bstr& text) noexcept {
     return argument(text.get());
 }
@@ -75,18 +83,27 @@ Remote::Remote(com::ComPtr<IDispatch> object) : object_(std::move(object)) {
 }
 
 com::Variant Remote::call(const wchar_t* name, std::initializer_list<VARIANT> arguments) const {
-    DISPID member = 0;
-    auto* changeable = const_cast<wchar_t*>(name); // the call only reads it
-    com::check(object_->GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member));
-
     // Automation takes the last argument first.
     std::vector<VARIANT> reversed(std::rbegin(arguments), std::rend(arguments));
     DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters);
+}
+
+void Remote::put(const wchar_t* name, VARIANT value) const {
+    DISPID assigned = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{&value, &assigned, 1, 1};
+    invoke(name, DISPATCH_PROPERTYPUT, parameters);
+}
+
+com::Variant Remote::invoke(const wchar_t* name, WORD way, DISPPARAMS& parameters) const {
+    DISPID member = 0;
+    auto* changeable = const_cast<wchar_t*>(name); // the call only reads it
+    com::check(object_->GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member));
     ExceptionInfo exception;
     com::Variant result;
-    const HRESULT status = object_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT,
-                                           DISPATCH_METHOD | DISPATCH_PROPERTYGET, &parameters,
-                                           result.put(), exception.get(), nullptr);
+    const HRESULT status = object_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, way, &parameters,
+                                           way == DISPATCH_PROPERTYPUT ? nullptr : result.put(),
+                                           exception.get(), nullptr);
     if (status == DISP_E_EXCEPTION)
         exception.raise();
     com::check(status);
@@ -103,8 +120,8 @@ Remote Remote::object(const wchar_t* name, std::initializer_list<VARIANT> argume
     return Remote(pointer(name, arguments));
 }
 
-std::wstring Remote::text(const wchar_t* name) const {
-    const com::Variant value = converted(call(name), VT_BSTR);
+std::wstring Remote::text(const wchar_t* name, std::initializer_list<VARIANT> arguments) const {
+    const com::Variant value = converted(call(name, arguments), VT_BSTR);
     return std::wstring(com::view(V_BSTR(&value.get())));
 }
 

@@ -15,6 +15,7 @@ namespace tollvane::environment {
 [[nodiscard]] VARIANT argument(bool value) noexcept;
 [[nodiscard]] VARIANT argument(const com::Bstr& text) noexcept;
 [[nodiscard]] VARIANT argument(BSTR text) noexcept;
+[[nodiscard]] VARIANT argument(CY value) noexcept;
 
 // One object of another component. Everything raises ComponentError with the number, the source and
 // the description that the component gave.
@@ -27,13 +28,17 @@ public:
                                 std::initializer_list<VARIANT> arguments = {}) const;
     [[nodiscard]] com::ComPtr<IDispatch> pointer(const wchar_t* name,
                                                  std::initializer_list<VARIANT> arguments) const;
-    [[nodiscard]] std::wstring text(const wchar_t* name) const;
+    void put(const wchar_t* name, VARIANT value) const;
+    [[nodiscard]] std::wstring text(const wchar_t* name,
+                                    std::initializer_list<VARIANT> arguments = {}) const;
     [[nodiscard]] LONG number(const wchar_t* name,
                               std::initializer_list<VARIANT> arguments = {}) const;
     [[nodiscard]] bool flag(const wchar_t* name,
                             std::initializer_list<VARIANT> arguments = {}) const;
 
 private:
+    com::Variant invoke(const wchar_t* name, WORD way, DISPPARAMS& parameters) const;
+
     com::ComPtr<IDispatch> object_;
 };
 

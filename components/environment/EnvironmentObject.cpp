@@ -2,6 +2,7 @@
 
 #include "components/common/ComFailure.h"
 #include "components/environment/LoginObject.h"
+#include "components/environment/PaymentComparison.h"
 #include "components/environment/UserObjects.h"
 
 namespace tollvane::environment {
@@ -71,6 +72,27 @@ HRESULT EnvironmentObject::get_Data_Path(BSTR* path) {
 
 HRESULT EnvironmentObject::get_Location(BSTR* location) {
     return com::guarded(interfaceId(), kSource, [&] { give(location, state_->location()); });
+}
+
+HRESULT EnvironmentObject::get_MissingPayments(BSTR* list) {
+    return com::guarded(interfaceId(), kSource, [&] {
+        std::wstring text;
+        for (const MissingPayment& each : findMissingPayments(*state_))
+            text += each.time + L"  " + each.type + L"  " + moneyText(each.amount) +
+                    (each.lastFour.empty() ? L"" : L"  ****" + each.lastFour) + L"  " +
+                    each.transaction + L"\r\n";
+        give(list, text);
+    });
+}
+
+HRESULT EnvironmentObject::RecordMissingPayments(LONG* count) {
+    return com::guarded(interfaceId(), kSource, [&] {
+        com::give(count, 0);
+        std::int32_t recorded = 0;
+        for (const MissingPayment& each : findMissingPayments(*state_))
+            recorded += recordPayment(*state_, each) ? 1 : 0;
+        com::give(count, recorded);
+    });
 }
 
 } // namespace tollvane::environment

@@ -21,6 +21,8 @@ public:
     HRESULT STDMETHODCALLTYPE SafeCreateObj(LONG kind, IDispatch** object) override;
     HRESULT STDMETHODCALLTYPE get_Data_Path(BSTR* path) override;
     HRESULT STDMETHODCALLTYPE get_Location(BSTR* location) override;
+    HRESULT STDMETHODCALLTYPE get_MissingPayments(BSTR* list) override;
+    HRESULT STDMETHODCALLTYPE RecordMissingPayments(LONG* count) override;
 
 private:
     const SharedState state_;

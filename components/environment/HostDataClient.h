@@ -60,6 +60,10 @@ public:
     // A data object of the kind; it knows the operator when the token is not empty and the server
     // keeps such records.
     [[nodiscard]] com::ComPtr<IDispatch> createObject(LONG kind, const std::wstring& token) const;
+    // What was stored in the last days: a line each, with transaction, tab and amount times 10,000.
+    [[nodiscard]] std::wstring storedPayments(LONG days) const {
+        return server_.text(L"StoredPayments", {argument(days)});
+    }
     [[nodiscard]] std::wstring dataPath() const { return server_.text(L"Data_Path"); }
     [[nodiscard]] std::wstring location() const { return server_.text(L"Location"); }
 

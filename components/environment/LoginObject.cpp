@@ -1,6 +1,7 @@
 #include "components/environment/LoginObject.h"
 
 #include "components/common/ComFailure.h"
+#include "components/environment/PaymentComparison.h"
 #include "components/environment/dialogs/frmFirstOperator.h"
 #include "components/environment/dialogs/frmLogin.h"
 
@@ -8,14 +9,18 @@ namespace tollvane::environment {
 
 HRESULT LoginObject::Login(VARIANT_BOOL* signedIn) {
     return com::guarded(interfaceId(), kSource, [&] {
-        bool done = !state_->session().token.empty();
+        const bool wasSignedIn = !state_->session().token.empty();
+        bool done = wasSignedIn;
         const HWND owner = GetActiveWindow();
         if (!done && !state_->hostData().hasOperators())
             done = frmFirstOperator(*state_).run(owner);
         // Also when another till was quicker to create the first operator.
         if (!done && state_->hostData().hasOperators())
             done = frmLogin(*state_).run(owner);
-        com::give(signedIn, done && !state_->session().token.empty());
+        done = done && !state_->session().token.empty();
+        if (done && !wasSignedIn)
+            offerMissingPayments(*state_, owner);
+        com::give(signedIn, done);
     });
 }
 

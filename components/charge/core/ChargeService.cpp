@@ -1,5 +1,6 @@
 #include "components/charge/core/ChargeService.h"
 
+#include "components/charge/core/ApprovedPayments.h"
 #include "components/charge/core/CardDataMask.h"
 #include "components/charge/core/Failure.h"
 #include "components/charge/core/OperationBook.h"
@@ -170,6 +171,12 @@ void ChargeService::settleOpenOperations() noexcept {
     } catch (...) {
         // The next operation settles first, and reports what keeps it from doing so.
     }
+}
+
+std::string ChargeService::approvedPayments(int days) {
+    const Settings settings = parts_.settings.read();
+    return listText(charge::approvedPayments(
+        parts_.files, settings.logFolder / settings.logFileName, parts_.clock.now(), days));
 }
 
 void ChargeService::signIn(const std::string& operatorName) noexcept {

@@ -48,6 +48,10 @@ public:
     // Settles what an earlier run left open, as far as it can be done now.
     void settleOpenOperations() noexcept;
 
+    // The live payments that the log tells as approved in the last days, as listText tells them.
+    // Raises FileFailure.
+    std::string approvedPayments(int days);
+
     // The operator's name for the log, and the log's line about it. That the log cannot be written
     // stops no one from signing in: it stops the first operation.
     void signIn(const std::string& operatorName) noexcept;

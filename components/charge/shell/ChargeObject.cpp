@@ -134,6 +134,10 @@ HRESULT ChargeObject::Free() {
     return guarded([&] { service().clearFields(); });
 }
 
+HRESULT ChargeObject::ApprovedPayments(LONG days, BSTR* list) {
+    return guarded([&] { com::give(list, service().approvedPayments(static_cast<int>(days))); });
+}
+
 HRESULT ChargeObject::get_ResponseCode(LONG* code) {
     return guarded([&] { com::give(code, service().answer().responseCode); });
 }

@@ -43,6 +43,7 @@ public:
     HRESULT STDMETHODCALLTYPE ConfigureSettings() override;
     HRESULT STDMETHODCALLTYPE LogLoggedInUser(BSTR* operatorName) override;
     HRESULT STDMETHODCALLTYPE Free() override;
+    HRESULT STDMETHODCALLTYPE ApprovedPayments(LONG days, BSTR* list) override;
 
     HRESULT STDMETHODCALLTYPE get_Amount(CURRENCY* amount) override;
     HRESULT STDMETHODCALLTYPE put_Amount(CURRENCY amount) override;

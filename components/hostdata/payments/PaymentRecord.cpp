@@ -9,6 +9,8 @@ namespace tollvane::hostdata {
 
 namespace {
 
+constexpr std::int64_t kMillisecondsOfADay = 86'400'000;
+
 [[noreturn]] void raiseNoCurrent() {
     throw HostDataError(Failure::noCurrentRecord,
                         "There is no current payment record. Call AddNew first.");
@@ -81,17 +83,44 @@ PaymentValues PaymentRecord::stamped() const {
     return values;
 }
 
-void PaymentRecord::update() {
-    const std::lock_guard lock(mutex_);
+void PaymentRecord::requireNew() const {
     if (!values_ || !adding_)
         throw HostDataError(Failure::noCurrentRecord,
                             "There is no new payment record to store. Call AddNew first.");
-    PaymentValues values = stamped();
-    const std::int64_t id =
-        store_.write([&](Database& database) { return PaymentTable(database).add(values); });
+}
+
+void PaymentRecord::keepStored(PaymentValues values, std::int64_t id) {
     values[paymentField("Id")] = id;
     values_ = std::move(values);
     adding_ = false;
+}
+
+void PaymentRecord::update() {
+    const std::lock_guard lock(mutex_);
+    requireNew();
+    const PaymentValues values = stamped();
+    keepStored(values, store_.write(
+                           [&](Database& database) { return PaymentTable(database).add(values); }));
+}
+
+bool PaymentRecord::updateOnce() {
+    const std::lock_guard lock(mutex_);
+    requireNew();
+    const PaymentValues values = stamped();
+    const auto id = store_.write([&](Database& database) -> std::optional<std::int64_t> {
+        PaymentTable table(database);
+        if (table.hasSamePayment(values))
+            return std::nullopt;
+        return table.add(values);
+    });
+    if (id)
+        keepStored(values, *id);
+    return id.has_value();
+}
+
+std::string storedPayments(Store& store, const Clock& clock, std::int64_t days) {
+    const std::string since = utcText(clock.now() - days * kMillisecondsOfADay);
+    return store.read([&](Database& database) { return PaymentTable(database).listSince(since); });
 }
 
 } // namespace tollvane::hostdata

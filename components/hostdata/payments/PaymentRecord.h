@@ -30,9 +30,14 @@ public:
     // Stores the new record durably; afterwards the object is positioned on it. When it fails the
     // record stays as filled, so that update() may be called again.
     void update();
+    // The same, unless the store holds a payment of this transaction and amount: then false, and
+    // the record stays as filled. No other till comes between the look and the storing.
+    [[nodiscard]] bool updateOnce();
 
 private:
     [[nodiscard]] PaymentValues stamped() const;
+    void requireNew() const;
+    void keepStored(PaymentValues values, std::int64_t id);
 
     Store& store_;
     const Clock& clock_;
@@ -42,5 +47,8 @@ private:
     std::optional<PaymentValues> values_;
     bool adding_ = false;
 };
+
+// What was stored in the last days, as PaymentTable::listSince tells it. Raises HostDataError.
+[[nodiscard]] std::string storedPayments(Store& store, const Clock& clock, std::int64_t days);
 
 } // namespace tollvane::hostdata

@@ -113,6 +113,25 @@ std::vector<std::int64_t> PaymentTable::damaged(std::size_t most) {
     return found;
 }
 
+bool PaymentTable::hasSamePayment(const PaymentValues& values) {
+    auto query =
+        database_.prepare("SELECT 1 FROM payments WHERE trans_id IS ? AND amount IS ? LIMIT 1");
+    bindValue(query, values[paymentField("TransID")]);
+    bindValue(query, values[paymentField("Amount")]);
+    return query.step();
+}
+
+std::string PaymentTable::listSince(const std::string& time) {
+    // In the order of the primary key: an old store with many records costs no more than a new one.
+    auto query =
+        database_.prepare("SELECT created, trans_id, amount FROM payments ORDER BY id DESC");
+    std::string list;
+    while (query.step() && query.text(0) >= time)
+        if (!query.isNull(1) && !query.isNull(2))
+            list += query.text(1) + "\t" + std::to_string(query.number(2)) + "\n";
+    return list;
+}
+
 std::int64_t PaymentTable::count() {
     auto query = database_.prepare("SELECT count(*) FROM payments");
     return query.step() ? query.number(0) : 0;

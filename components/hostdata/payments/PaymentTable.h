@@ -21,6 +21,12 @@ public:
     // The numbers of the records that are not as they were stored, at most so many.
     [[nodiscard]] std::vector<std::int64_t> damaged(std::size_t most);
     [[nodiscard]] std::int64_t count();
+    // Whether there is a record with the "TransID" and "Amount" of these values. Reads every
+    // record.
+    [[nodiscard]] bool hasSamePayment(const PaymentValues& values);
+    // "TransID", tab, "Amount", line feed for each record that has both, newest first, back to the
+    // first one that was created before the given time ("2026-11-21T09:05:03Z").
+    [[nodiscard]] std::string listSince(const std::string& time);
 
 private:
     Database& database_;

@@ -137,6 +137,10 @@ HRESULT HostDataObject::ResetPassword(BSTR token, LONG id, BSTR password) {
     });
 }
 
+HRESULT HostDataObject::StoredPayments(LONG days, BSTR* list) {
+    return serve([&] { give(list, storedPayments(services().store, services().clock, days)); });
+}
+
 HRESULT HostDataObject::ConfigureSettings() {
     return serve([] { showSettings(services().settings.storePath); });
 }

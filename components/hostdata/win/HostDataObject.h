@@ -35,6 +35,7 @@ public:
     HRESULT STDMETHODCALLTYPE SetPrivilege(BSTR token, LONG id, LONG number,
                                            VARIANT_BOOL granted) override;
     HRESULT STDMETHODCALLTYPE ResetPassword(BSTR token, LONG id, BSTR password) override;
+    HRESULT STDMETHODCALLTYPE StoredPayments(LONG days, BSTR* list) override;
     HRESULT STDMETHODCALLTYPE ConfigureSettings() override;
 
 private:

@@ -48,4 +48,11 @@ HRESULT PaymentRecordObject::Update() {
     return serve([&] { record_->update(); });
 }
 
+HRESULT PaymentRecordObject::UpdateOnce(VARIANT_BOOL* stored) {
+    return serve([&] {
+        com::give(stored, false); // so that nothing is stored for one who cannot hear of it
+        com::give(stored, record_->updateOnce());
+    });
+}
+
 } // namespace tollvane::hostdata

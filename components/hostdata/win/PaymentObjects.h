@@ -33,6 +33,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetrecbyIDNumber(LONG id) override;
     HRESULT STDMETHODCALLTYPE AddNew() override;
     HRESULT STDMETHODCALLTYPE Update() override;
+    HRESULT STDMETHODCALLTYPE UpdateOnce(VARIANT_BOOL* stored) override;
 
 private:
     std::shared_ptr<PaymentRecord> record_;
