@@ -20,7 +20,7 @@ def build(preset, *targets):
 
 def stage():
     """Builds what ships and gathers it in build/stage."""
-    build("x64", "shipped", "probe")
+    build("x64", "shipped", "probe", "till_driver")
     script = 'top=$1; . "$top/tools/lib.sh"; stage_program x64'
     subprocess.run(["bash", "-euc", script, "bash", str(TOP)], check=True)
 

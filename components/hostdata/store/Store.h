@@ -40,6 +40,12 @@ public:
         });
     }
 
+    // Waits for the work that is being done; the next one opens the file again.
+    void close() {
+        const std::lock_guard lock(mutex_);
+        database_.reset();
+    }
+
     [[nodiscard]] const std::string& path() const noexcept { return path_; }
 
 private:

@@ -191,5 +191,56 @@ TEST(PaymentDurability, TwoTillsStoreTheirRecordsAtTheSameTime) {
     EXPECT_NE(first.value(paymentField("Id")), second.value(paymentField("Id")));
 }
 
+class ComparedPaymentTest : public PaymentRecordTest {
+protected:
+    bool addOnce(const std::string& transaction, std::int64_t amount) {
+        PaymentRecord added(store, clock, "anna", "Shop one");
+        added.addNew();
+        added.setValue(paymentField("TransID"), transaction);
+        added.setValue(paymentField("Amount"), amount);
+        return added.updateOnce();
+    }
+};
+
+TEST_F(ComparedPaymentTest, APaymentIsAddedOnceHoweverOftenItIsTried) {
+    EXPECT_TRUE(addOnce("1000000001", 10'000));
+    EXPECT_FALSE(addOnce("1000000001", 10'000));
+    EXPECT_EQ(stored(), 1);
+    // A void may go by the number of what it takes back.
+    EXPECT_TRUE(addOnce("1000000001", -10'000));
+    EXPECT_TRUE(addOnce("1000000002", 10'000));
+    EXPECT_EQ(stored(), 3);
+}
+
+TEST_F(ComparedPaymentTest, ARecordThatWasNotAddedStaysAsItWasFilled) {
+    ASSERT_TRUE(addOnce("1", 10'000));
+    record.addNew();
+    record.setValue(paymentField("TransID"), std::string("1"));
+    record.setValue(paymentField("Amount"), std::int64_t{10'000});
+    EXPECT_FALSE(record.updateOnce());
+    record.setValue(paymentField("Amount"), std::int64_t{20'000});
+    EXPECT_TRUE(record.updateOnce());
+    EXPECT_EQ(record.value(paymentField("Id")), FieldValue(std::int64_t{2}));
+    EXPECT_EQ(failureOf([&] { (void)record.updateOnce(); }), Failure::noCurrentRecord);
+}
+
+TEST_F(ComparedPaymentTest, WhatWasStoredInTheLastDaysIsListedNewestFirst) {
+    ASSERT_TRUE(addOnce("old", 10'000));
+    clock.advance(3 * 86'400'000LL);
+    ASSERT_TRUE(addOnce("first", 314'000));
+    ASSERT_TRUE(addOnce("second", -50'000));
+    fill(record, 1); // without a transaction: nothing to compare
+    record.update();
+    EXPECT_EQ(storedPayments(store, clock, 2), "second\t-50000\nfirst\t314000\n");
+    EXPECT_EQ(storedPayments(store, clock, 3), "second\t-50000\nfirst\t314000\nold\t10000\n");
+}
+
+TEST_F(PaymentRecordTest, AStoreThatWasClosedOpensAgain) {
+    fill(record, 10'000);
+    record.update();
+    store.close();
+    EXPECT_EQ(stored(), 1);
+}
+
 } // namespace
 } // namespace tollvane::hostdata

@@ -14,6 +14,8 @@ namespace {
 
 // A server that was started and then never asked for an object looks this often whether to end.
 constexpr DWORD kUnusedMilliseconds = 120'000;
+// How long a client may take from finding the server to asking it for an object.
+constexpr DWORD kArrivalMilliseconds = 2'000;
 
 // Signalled whenever the last object is gone; the main thread then looks again. The callback that
 // signals it carries no context of its own.
@@ -33,7 +35,10 @@ public:
         com::onModuleIdle(nullptr);
         CloseHandle(idleEvent);
     }
-    static void wait() { WaitForSingleObject(idleEvent, kUnusedMilliseconds); }
+    // Until the last object is gone; false when the time was over before.
+    static bool wait(DWORD milliseconds) {
+        return WaitForSingleObject(idleEvent, milliseconds) == WAIT_OBJECT_0;
+    }
 };
 
 class MultithreadedApartment {
@@ -44,26 +49,38 @@ public:
     ~MultithreadedApartment() { CoUninitialize(); }
 };
 
+// The classes on offer. After they were withdrawn their factories still answer those who found them
+// before, for as long as this lives.
 class OfferedClasses {
 public:
     explicit OfferedClasses(const com::ServerClasses& server) {
         for (const com::ServerClass& each : server.classes) {
-            const auto factory = com::makeObject<com::ClassFactory>(each);
+            auto factory = com::makeObject<com::ClassFactory>(each);
             DWORD cookie = 0;
             com::check(CoRegisterClassObject(*each.classId, factory.get(), CLSCTX_LOCAL_SERVER,
                                              REGCLS_MULTIPLEUSE | REGCLS_SUSPENDED, &cookie));
             cookies_.push_back(cookie);
+            com::check(CoLockObjectExternal(factory.get(), TRUE, TRUE));
+            factories_.push_back(std::move(factory));
         }
         com::check(CoResumeClassObjects());
     }
     OfferedClasses(const OfferedClasses&) = delete;
     OfferedClasses& operator=(const OfferedClasses&) = delete;
     ~OfferedClasses() {
+        withdraw();
+        for (const auto& factory : factories_)
+            CoLockObjectExternal(factory.get(), FALSE, TRUE);
+    }
+
+    void withdraw() noexcept {
         for (const DWORD cookie : cookies_)
             CoRevokeClassObject(cookie);
+        cookies_.clear();
     }
 
 private:
+    std::vector<com::ComPtr<com::ClassFactory>> factories_;
     std::vector<DWORD> cookies_;
 };
 
@@ -78,15 +95,25 @@ bool mayEnd() {
     return false;
 }
 
+// The classes are withdrawn: whoever comes now starts a server of its own. But a client that found
+// this one a moment ago may not have its object yet; it is served like any other.
+void serveLateArrivals() {
+    while (IdleEvent::wait(kArrivalMilliseconds) || com::moduleLocks() != 0) {
+    }
+}
+
 } // namespace
 
-void runFreeThreaded(const com::ServerClasses& server) {
+void runFreeThreaded(const com::ServerClasses& server, void (*atRest)()) {
     const MultithreadedApartment apartment;
     const IdleEvent idle;
-    const OfferedClasses offered(server);
+    OfferedClasses offered(server);
     do {
-        IdleEvent::wait();
+        IdleEvent::wait(kUnusedMilliseconds);
     } while (!mayEnd());
+    offered.withdraw();
+    atRest();
+    serveLateArrivals();
 }
 
 } // namespace tollvane::hostdata

@@ -5,6 +5,7 @@
 #include "components/hostdata/win/FreeThreadedServer.h"
 #include "components/hostdata/win/HostDataObject.h"
 #include "components/hostdata/win/ServerIdentity.h"
+#include "components/hostdata/win/Services.h"
 
 #include <cwctype>
 #include <exception>
@@ -39,7 +40,8 @@ int run(const wchar_t* commandLine) {
             hostdata::registerIdentity();
         return result;
     }
-    hostdata::runFreeThreaded(server);
+    // At rest the store is free for others: to be copied, moved, or used by the next process.
+    hostdata::runFreeThreaded(server, [] { hostdata::services().store.close(); });
     return 0;
 }
 

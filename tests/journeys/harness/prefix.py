@@ -31,6 +31,8 @@ class Prefix:
         self.display = display
         # No printer but those that a journey sets up itself.
         self.print_server = str(self.folder / "no-print-server")
+        # What else stands in the environment of the programs that are started.
+        self.extra = {}
         self._started = []
 
     @classmethod
@@ -52,7 +54,7 @@ class Prefix:
         base = self.display.environment() if self.display else {**os.environ, "DISPLAY": ""}
         return {**base, "WINEPREFIX": str(self.folder), "WINEARCH": "win64", "WINEDEBUG": "-all",
                 "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d;winedbg.exe=d",
-                "LC_ALL": "C.UTF-8", "CUPS_SERVER": self.print_server}
+                "LC_ALL": "C.UTF-8", "CUPS_SERVER": self.print_server, **self.extra}
 
     def start(self, program, *arguments, **options):
         """Starts a program and does not wait for it."""

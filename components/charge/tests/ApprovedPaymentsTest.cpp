@@ -1,0 +1,105 @@
+#include "components/charge/core/ApprovedPayments.h"
+
+#include "components/charge/tests/Shop.h"
+#include "components/common/ComponentError.h"
+
+#include <gtest/gtest.h>
+
+namespace tollvane::charge {
+namespace {
+
+class ApprovedPayments : public ::testing::Test {
+protected:
+    ApprovedPayments() { shop.settings.settings.testMode = false; }
+
+    std::vector<ApprovedPayment> told(int days = 7) {
+        return approvedPayments(shop.files, "logs/ZENDACARD.LOG", shop.clock.now(), days);
+    }
+
+    Shop shop;
+};
+
+TEST_F(ApprovedPayments, AreToldWithAllThatTheBooksOfTheShopNeed) {
+    const std::string id = shop.charged("31.40");
+    const auto payments = told();
+    ASSERT_EQ(1u, payments.size());
+    EXPECT_EQ(id, payments[0].transactionId);
+    EXPECT_EQ(Money::fromScaled(314'000), payments[0].amount);
+    EXPECT_EQ(shop.service->answer().approvalCode, payments[0].approvalCode);
+    EXPECT_EQ("1111", payments[0].lastFour);
+    EXPECT_EQ("2026-11-21 09:05:03", payments[0].time);
+    EXPECT_EQ(id + "\t314000\t" + payments[0].approvalCode +
+                  "\t1111\t2026-11-21 09:05:03\tCHARGE\n",
+              shop.service->approvedPayments(7));
+}
+
+TEST_F(ApprovedPayments, AreBelowZeroWhenMoneyWentBack) {
+    const std::string id = shop.charged("31.40");
+    ASSERT_TRUE(shop.refund(id, "10.00"));
+    ASSERT_TRUE(shop.voidIt(shop.lastId(), "10.00"));
+    const auto payments = told();
+    ASSERT_EQ(3u, payments.size());
+    EXPECT_EQ(Money::fromUnits(-10), payments[1].amount);
+    EXPECT_EQ(Operation::Refund, payments[1].operation);
+    EXPECT_EQ(Money::fromUnits(-10), payments[2].amount);
+    EXPECT_EQ("", payments[2].lastFour);
+}
+
+TEST_F(ApprovedPayments, AreNeitherDeclinesNorTestsNorSignIns) {
+    shop.service->signIn("Mary Smith");
+    shop.charge("7002.20");
+    shop.charge("7004.80");
+    shop.settings.settings.testMode = true;
+    ASSERT_TRUE(shop.charge("5.00"));
+    EXPECT_TRUE(told().empty());
+}
+
+TEST_F(ApprovedPayments, IncludeOneThatWasFoundOutAfterAnInterruption) {
+    EXPECT_THROW(shop.charge("7005.03"), com::ComponentError);
+    EXPECT_TRUE(told().empty());
+    shop.restart();
+    EXPECT_EQ(1u, told().size());
+}
+
+TEST_F(ApprovedPayments, AreThoseOfTheLastDaysOnly) {
+    shop.clock.moment.month = 2;
+    shop.clock.moment.day = 27;
+    ASSERT_TRUE(shop.charge("1.00"));
+    shop.clock.moment.month = 3;
+    shop.clock.moment.day = 2;
+    ASSERT_TRUE(shop.charge("2.00"));
+    EXPECT_EQ(2u, told(3).size());
+    ASSERT_EQ(1u, told(2).size());
+    EXPECT_EQ(Money::fromUnits(2), told(2)[0].amount);
+}
+
+TEST_F(ApprovedPayments, AreNotReadFromLinesThatACrashOrAPersonLeft) {
+    const std::string whole = "2026-11-21 09:05:03  x  CHARGE  LIVE  1.00  ****1111  APPROVED  "
+                              "1/1/0  ABCDEF  1000000001  -  [KEY]  Yes.";
+    EXPECT_EQ(1u, approvedPayments(whole + "\r\n", "2026-11-21").size());
+    EXPECT_TRUE(approvedPayments(whole, "2026-11-21").empty());
+    EXPECT_TRUE(approvedPayments(whole + "  (interrupted)\r\n", "2026-11-21").empty());
+    EXPECT_TRUE(approvedPayments(whole.substr(0, 80) + "\r\n", "2026-11-21").empty());
+    EXPECT_TRUE(approvedPayments("\r\n  \r\n-\r\n", "").empty());
+    std::string spoilt = whole;
+    spoilt.replace(spoilt.find("1.00"), 4, "1,00");
+    EXPECT_TRUE(approvedPayments(spoilt + "\r\n", "2026-11-21").empty());
+    std::string unnumbered = whole;
+    unnumbered.replace(unnumbered.find("1000000001"), 10, "-");
+    EXPECT_TRUE(approvedPayments(unnumbered + "\r\n", "2026-11-21").empty());
+}
+
+TEST_F(ApprovedPayments, OfALongLogAreThoseOfItsEnd) {
+    std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
+    const std::string line = "2026-11-21 09:05:03  x  CHARGE  LIVE  1.00  ****1111  APPROVED  1/1/0"
+                             "  ABCDEF  1000000001  -  [KEY]  Yes.\r\n";
+    while (log.size() < 3u << 20)
+        log += line;
+    const std::size_t all = log.size() / line.size();
+    const std::size_t found = told().size();
+    EXPECT_LT(found, all / 2);
+    EXPECT_EQ(found, (1u << 20) / line.size());
+}
+
+} // namespace
+} // namespace tollvane::charge

@@ -1,0 +1,14 @@
+"""Several tills on one host data server."""
+
+import os
+
+from harness import tills
+
+PAYMENTS = int(os.environ.get("TOLLVANE_PAYMENTS", "200"))
+
+
+def test_four_tills_at_once_post_every_payment_exactly_once(pictures):
+    with tills.Tills(pictures / "prefix") as shop:
+        seconds = shop.post(PAYMENTS)
+        assert not shop.problems(PAYMENTS)
+    print(f"{PAYMENTS} payments in {seconds:.1f} s")
