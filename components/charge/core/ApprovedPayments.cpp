@@ -1,6 +1,7 @@
 #include "components/charge/core/ApprovedPayments.h"
 
 #include "components/charge/core/GatewayMoney.h"
+#include "components/charge/core/TransactionLog.h"
 
 #include <chrono>
 #include <optional>
@@ -31,8 +32,7 @@ std::vector<std::string_view> columnsOf(std::string_view line) {
 std::optional<ApprovedPayment> paymentFrom(std::string_view line) {
     const std::vector<std::string_view> columns = columnsOf(line);
     if (columns.size() < neededColumns || columns[Mode] != "LIVE" ||
-        columns[Result] != "APPROVED" || columns[Transaction].empty() ||
-        line.find("(interrupted)") != std::string_view::npos)
+        columns[Result] != "APPROVED" || columns[Transaction].empty() || !isAsWritten(line))
         return std::nullopt;
     const auto operation = operationFromText(std::string(columns[Type]));
     if (!operation)

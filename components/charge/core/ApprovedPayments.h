@@ -22,8 +22,8 @@ struct ApprovedPayment {
     Operation operation = Operation::Charge;
 };
 
-// The approved live operations of a log, in its order, from a day ("2026-11-21") on. Lines that a
-// crash cut short, and what has no transaction id, are left out.
+// The approved live operations of a log, in its order, from a day ("2026-11-21") on. Lines that are
+// not as they were written, and what has no transaction id, are left out.
 std::vector<ApprovedPayment> approvedPayments(std::string_view log, std::string_view firstDay);
 
 // The same of a log file, for a number of days that ends now. No more than the last megabyte (some

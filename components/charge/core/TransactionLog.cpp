@@ -54,13 +54,6 @@ std::string checkOf(std::string_view line) {
     return "  #" + checksumText(line);
 }
 
-// A line without its end, cut short or changed since it was written.
-bool isDamaged(std::string_view line) {
-    const std::size_t checkSize = checkOf({}).size();
-    return line.size() < checkSize ||
-           line.substr(line.size() - checkSize) != checkOf(line.substr(0, line.size() - checkSize));
-}
-
 const char* resultText(const ProcessorAnswer& answer) {
     switch (answer.responseCode) {
     case 1: return "APPROVED";
@@ -98,6 +91,12 @@ std::string operationLine(const OperationNote& note, const std::string& result,
 }
 
 } // namespace
+
+bool isAsWritten(std::string_view line) {
+    const std::size_t checkSize = checkOf({}).size();
+    return line.size() >= checkSize &&
+           line.substr(line.size() - checkSize) == checkOf(line.substr(0, line.size() - checkSize));
+}
 
 TransactionLog::TransactionLog(FileStore& files, std::filesystem::path path)
     : files_(files), path_(std::move(path)) {}
@@ -170,7 +169,7 @@ bool TransactionLog::hasOutcome(const std::string& key) {
         const std::size_t lineStart = at == 0 ? 0 : content.rfind('\n', at) + 1;
         const std::size_t end = content.find(lineEnd, at);
         const std::string_view line = std::string_view(content).substr(lineStart, end - lineStart);
-        if (end != std::string::npos && !isDamaged(line) &&
+        if (end != std::string::npos && isAsWritten(line) &&
             line.find(std::string("  ") + unknownResult + " ") == std::string_view::npos)
             return true;
     }

@@ -8,10 +8,14 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace tollvane::charge {
 
 enum class Settlement { AtOnce, AfterInterruption };
+
+// Whether a line (without its end) is as it was written: whole, with the checksum of the rest.
+bool isAsWritten(std::string_view line);
 
 class TransactionLog {
 public:

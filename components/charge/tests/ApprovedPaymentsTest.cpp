@@ -2,6 +2,7 @@
 
 #include "components/charge/tests/Shop.h"
 #include "components/common/ComponentError.h"
+#include "platform/Checksum.h"
 
 #include <gtest/gtest.h>
 
@@ -73,32 +74,38 @@ TEST_F(ApprovedPayments, AreThoseOfTheLastDaysOnly) {
     EXPECT_EQ(Money::fromUnits(2), told(2)[0].amount);
 }
 
+// A line as the log holds it.
+std::string checked(const std::string& line) {
+    return line + "  #" + checksumText(line) + "\r\n";
+}
+
+const std::string whole = "2026-11-21 09:05:03  x  CHARGE  LIVE  1.00  ****1111  APPROVED  1/1/0  "
+                          "ABCDEF  1000000001  -  [KEY]  Yes.";
+
+std::string with(const std::string& before, const std::string& after) {
+    std::string line = whole;
+    return line.replace(line.find(before), before.size(), after);
+}
+
 TEST_F(ApprovedPayments, AreNotReadFromLinesThatACrashOrAPersonLeft) {
-    const std::string whole = "2026-11-21 09:05:03  x  CHARGE  LIVE  1.00  ****1111  APPROVED  "
-                              "1/1/0  ABCDEF  1000000001  -  [KEY]  Yes.";
-    EXPECT_EQ(1u, approvedPayments(whole + "\r\n", "2026-11-21").size());
-    EXPECT_TRUE(approvedPayments(whole, "2026-11-21").empty());
-    EXPECT_TRUE(approvedPayments(whole + "  (interrupted)\r\n", "2026-11-21").empty());
-    EXPECT_TRUE(approvedPayments(whole.substr(0, 80) + "\r\n", "2026-11-21").empty());
+    EXPECT_EQ(1u, approvedPayments(checked(whole), "2026-11-21").size());
+    EXPECT_TRUE(approvedPayments(whole + "\r\n", "").empty());
+    EXPECT_TRUE(approvedPayments(checked(whole).substr(0, checked(whole).size() - 2), "").empty());
+    EXPECT_TRUE(approvedPayments(whole.substr(0, 95) + "  (interrupted)\r\n", "").empty());
     EXPECT_TRUE(approvedPayments("\r\n  \r\n-\r\n", "").empty());
-    std::string spoilt = whole;
-    spoilt.replace(spoilt.find("1.00"), 4, "1,00");
-    EXPECT_TRUE(approvedPayments(spoilt + "\r\n", "2026-11-21").empty());
-    std::string unnumbered = whole;
-    unnumbered.replace(unnumbered.find("1000000001"), 10, "-");
-    EXPECT_TRUE(approvedPayments(unnumbered + "\r\n", "2026-11-21").empty());
+    EXPECT_TRUE(approvedPayments(checked(with("1.00", "1,00")), "").empty());
+    EXPECT_TRUE(approvedPayments(checked(with("1000000001", "-")), "").empty());
+    EXPECT_TRUE(approvedPayments(checked(with("CHARGE", "SIGN-IN")), "").empty());
+    std::string changed = checked(whole);
+    changed[changed.find("1.00")] = '9';
+    EXPECT_TRUE(approvedPayments(changed, "").empty()) << "no amount from a damaged line";
 }
 
 TEST_F(ApprovedPayments, OfALongLogAreThoseOfItsEnd) {
     std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
-    const std::string line = "2026-11-21 09:05:03  x  CHARGE  LIVE  1.00  ****1111  APPROVED  1/1/0"
-                             "  ABCDEF  1000000001  -  [KEY]  Yes.\r\n";
     while (log.size() < 3u << 20)
-        log += line;
-    const std::size_t all = log.size() / line.size();
-    const std::size_t found = told().size();
-    EXPECT_LT(found, all / 2);
-    EXPECT_EQ(found, (1u << 20) / line.size());
+        log += checked(whole);
+    EXPECT_EQ((1u << 20) / checked(whole).size(), told().size());
 }
 
 } // namespace
