@@ -7,8 +7,6 @@
  *     before, midway, after    the process is killed; midway, half of the bytes are written
  *     ENOSPC, EIO, EROFS       the change fails
  *     short                    half of the bytes are written, which is called a success
- * TOLLVANE_DISK_ONCE   a file whose making is the fault's permission: a process started anew by the
- *                      same environment meets no second fault
  */
 #define _GNU_SOURCE
 #include <dlfcn.h>
@@ -25,8 +23,8 @@
 
 static atomic_int changes;
 
-static int isWatched(const char *path) {
-    const char *files = getenv("TOLLVANE_DISK_FILES");
+static int isWatched(const char* path) {
+    const char* files = getenv("TOLLVANE_DISK_FILES");
     while (files && *files) {
         char part[PATH_MAX];
         const size_t length = strcspn(files, ":");
@@ -38,7 +36,7 @@ static int isWatched(const char *path) {
     return 0;
 }
 
-static int pathOf(int file, char *path) {
+static int pathOf(int file, char* path) {
     char link[64];
     snprintf(link, sizeof link, "/proc/self/fd/%d", file);
     const ssize_t length = readlink(link, path, PATH_MAX - 1);
@@ -46,9 +44,9 @@ static int pathOf(int file, char *path) {
     return length > 0;
 }
 
-static void note(const char *what, const char *path, size_t bytes) {
-    const char *trace = getenv("TOLLVANE_DISK_TRACE");
-    const char *name = strrchr(path, '/');
+static void note(const char* what, const char* path, size_t bytes) {
+    const char* trace = getenv("TOLLVANE_DISK_TRACE");
+    const char* name = strrchr(path, '/');
     if (!trace)
         return;
     const int out = open(trace, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
@@ -58,20 +56,8 @@ static void note(const char *what, const char *path, size_t bytes) {
     close(out);
 }
 
-static int isAllowed(void) {
-    const char *once = getenv("TOLLVANE_DISK_ONCE");
-    static atomic_int taken;
-    if (!once || taken)
-        return 1;
-    const int made = open(once, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-    if (made >= 0)
-        close(made);
-    taken = made >= 0;
-    return taken;
-}
-
 /* The fault that this change meets; an empty text for none. */
-static void faultOf(const char *what, const char *path, size_t bytes, char *fault) {
+static void faultOf(const char* what, const char* path, size_t bytes, char* fault) {
     int first = 0;
     int last = 0;
     *fault = 0;
@@ -79,16 +65,17 @@ static void faultOf(const char *what, const char *path, size_t bytes, char *faul
         return;
     note(what, path, bytes);
     const int now = ++changes;
-    const char *plan = getenv("TOLLVANE_DISK_FAULT");
-    if (!plan || sscanf(plan, "%15s %d %d", fault, &first, &last) != 3 || now < first ||
-        now > last || !isAllowed())
+    const char* plan = getenv("TOLLVANE_DISK_FAULT");
+    if (!plan || sscanf(plan, "%15s %d %d", fault, &first, &last) != 3 || now < first || now > last)
         *fault = 0;
 }
 
-static int is(const char *fault, const char *name) { return strcmp(fault, name) == 0; }
+static int is(const char* fault, const char* name) {
+    return strcmp(fault, name) == 0;
+}
 
 /* The error of a change that fails; 0 for one that does not. */
-static int errorOf(const char *fault) {
+static int errorOf(const char* fault) {
     return is(fault, "ENOSPC") ? ENOSPC : is(fault, "EIO") ? EIO : is(fault, "EROFS") ? EROFS : 0;
 }
 
@@ -117,7 +104,7 @@ static void end(void) {
         return result;                                                                             \
     } while (0)
 
-static ssize_t changedWrite(int file, const void *bytes, size_t count, off_t at, int placed) {
+static ssize_t changedWrite(int file, const void* bytes, size_t count, off_t at, int placed) {
     char path[PATH_MAX];
     char fault[16] = "";
     if (pathOf(file, path))
@@ -136,13 +123,13 @@ static ssize_t changedWrite(int file, const void *bytes, size_t count, off_t at,
     return result;
 }
 
-ssize_t write(int file, const void *bytes, size_t count) {
+ssize_t write(int file, const void* bytes, size_t count) {
     return changedWrite(file, bytes, count, 0, 0);
 }
-ssize_t pwrite(int file, const void *bytes, size_t count, off_t at) {
+ssize_t pwrite(int file, const void* bytes, size_t count, off_t at) {
     return changedWrite(file, bytes, count, at, 1);
 }
-ssize_t pwrite64(int file, const void *bytes, size_t count, off_t at) {
+ssize_t pwrite64(int file, const void* bytes, size_t count, off_t at) {
     return changedWrite(file, bytes, count, at, 1);
 }
 
@@ -151,15 +138,25 @@ static int changedFsync(int file, int (*real)(int)) {
     pathOf(file, path);
     CHANGE("fsync", path, real(file));
 }
-int fsync(int file) { return changedFsync(file, REAL(fsync)); }
-int fdatasync(int file) { return changedFsync(file, REAL(fdatasync)); }
+int fsync(int file) {
+    return changedFsync(file, REAL(fsync));
+}
+int fdatasync(int file) {
+    return changedFsync(file, REAL(fdatasync));
+}
 
 int ftruncate(int file, off_t size) {
     char path[PATH_MAX];
     pathOf(file, path);
     CHANGE("ftruncate", path, REAL(ftruncate)(file, size));
 }
-int ftruncate64(int file, off_t size) { return ftruncate(file, size); }
+int ftruncate64(int file, off_t size) {
+    return ftruncate(file, size);
+}
 
-int rename(const char *from, const char *to) { CHANGE("rename", from, REAL(rename)(from, to)); }
-int unlink(const char *path) { CHANGE("unlink", path, REAL(unlink)(path)); }
+int rename(const char* from, const char* to) {
+    CHANGE("rename", from, REAL(rename)(from, to));
+}
+int unlink(const char* path) {
+    CHANGE("unlink", path, REAL(unlink)(path));
+}
