@@ -80,8 +80,9 @@ void LogList::setFont(HFONT font, UINT dpi) {
     dpi_ = dpi;
 }
 
-void LogList::setCount(std::size_t count) {
-    ListView_SetItemCountEx(window_, static_cast<int>(count), LVSICF_NOSCROLL);
+void LogList::setCount(std::size_t count, bool hasOnlyGrown) {
+    const DWORD kept = hasOnlyGrown ? LVSICF_NOINVALIDATEALL : 0;
+    ListView_SetItemCountEx(window_, static_cast<int>(count), LVSICF_NOSCROLL | kept);
 }
 
 void LogList::goToEnd() {

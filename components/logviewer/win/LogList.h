@@ -13,7 +13,8 @@ class LogList {
 public:
     void create(HWND parent, int id);
     void setFont(HFONT font, UINT dpi);
-    void setCount(std::size_t count);
+    // `hasOnlyGrown`: what is painted stays as it is. A long log grows many times while it is read.
+    void setCount(std::size_t count, bool hasOnlyGrown);
     // After a change of the filter: nothing is selected and the last line shows.
     void goToEnd();
     void selectAll();

@@ -20,6 +20,7 @@ bool LogView::update() {
 
 void LogView::take(const LogIndex& index, bool isAnew) {
     const std::vector<LogRow>& rows = index.rows();
+    hasOnlyGrown_ = !isAnew;
     if (isAnew) {
         allCount_ = 0;
         totals_ = LogTotals();

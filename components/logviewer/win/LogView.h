@@ -25,6 +25,8 @@ public:
 
     [[nodiscard]] std::size_t count() const noexcept { return shown_.size(); }
     [[nodiscard]] std::size_t allCount() const noexcept { return allCount_; }
+    // Whether the last update only added rows behind those that were shown before it.
+    [[nodiscard]] bool hasOnlyGrown() const noexcept { return hasOnlyGrown_; }
     [[nodiscard]] const LogTotals& totals() const noexcept { return totals_; }
     [[nodiscard]] const Progress& progress() const noexcept { return progress_; }
     [[nodiscard]] const std::vector<std::string>& operators() const noexcept { return operators_; }
@@ -45,6 +47,7 @@ private:
     std::vector<std::string> operators_;
     std::size_t allCount_ = 0;
     bool stale_ = true;
+    bool hasOnlyGrown_ = false;
     RowCache cache_;
 };
 

@@ -248,7 +248,7 @@ void ViewerWindow::applyFilter() {
 void ViewerWindow::refresh() {
     if (!view_ || !view_->update())
         return;
-    list_.setCount(view_->count());
+    list_.setCount(view_->count(), view_->hasOnlyGrown());
     if (!filter_.setOperators(view_->operators()))
         view_->setFilter(filter_.filter());
     showState();
