@@ -6,9 +6,9 @@
 
 namespace tollvane::hostdata {
 
-// Offers the classes until the last object and lock are gone, withdraws them, calls atRest, and
-// returns a little later, when no client can be on its way to this process any more: none that
-// found the server is turned away. Raises ComponentError.
+// Offers the classes until the last object and lock are gone, withdraws them, calls atRest, and goes
+// on serving those who found the server just before, until none of them has come for a while.
+// Raises ComponentError.
 void runFreeThreaded(const com::ServerClasses& server, void (*atRest)());
 
 } // namespace tollvane::hostdata

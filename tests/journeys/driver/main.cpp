@@ -6,7 +6,8 @@
 //     till_driver restart [AMOUNT]     a start that looks for payments that were not recorded, then
 //                                      a sale when an amount is given
 //     till_driver post NAME COUNT      posts payments NAME-1, NAME-2, ... (no charge)
-//     till_driver come-and-go COUNT    connects to the host data server and leaves it at once
+//     till_driver come-and-go COUNT    connects to the host data server and leaves it at once;
+//                                      tells how often it was refused
 //
 // What happens is printed, a line each.
 #include "gateway/ChargeComponent.h"
@@ -141,6 +142,19 @@ void Till::post(ChargeComponent& charge) {
     payment.store();
 }
 
+void comeAndGo(int times) {
+    int refused = 0;
+    for (int left = times; left > 0; --left) {
+        try {
+            Till();
+        } catch (const Error& error) {
+            say("refused by " + error.source() + ": " + error.description());
+            ++refused;
+        }
+    }
+    say("refused " + std::to_string(refused));
+}
+
 void run(std::span<char*> arguments) {
     const std::string what = arguments.size() > 1 ? arguments[1] : "";
     if (what == "start") {
@@ -155,8 +169,7 @@ void run(std::span<char*> arguments) {
         const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
         say("seconds " + std::to_string(time.count()));
     } else if (what == "come-and-go" && arguments.size() == 3) {
-        for (int left = std::atoi(arguments[2]); left > 0; --left)
-            Till();
+        comeAndGo(std::atoi(arguments[2]));
     } else {
         throw Error(errornumber::invalidProcedureCall, "till_driver", "It is not known how.");
     }
