@@ -5,6 +5,8 @@
 
 #include <objbase.h>
 
+#include <algorithm>
+
 namespace tollvane::environment {
 
 namespace {
@@ -13,6 +15,7 @@ constexpr const wchar_t* kChargeComponent = L"ZendaSwiftill.Tollvane";
 constexpr LONG kPaymentRecord = 17;
 constexpr LONG kNoRecord = -1;
 constexpr LONG kDays = 7;
+constexpr std::ptrdiff_t kMostStored = 50'000; // that the host data server lists
 
 Remote chargeComponent() {
     CLSID id;
@@ -42,7 +45,10 @@ std::vector<MissingPayment> findMissingPayments(const EnvironmentState& state) {
     if (approved.empty())
         return {};
     // The two clocks may differ: a day more of what is stored.
-    return missingPayments(approved, state.hostData().storedPayments(kDays + 1));
+    const std::wstring stored = state.hostData().storedPayments(kDays + 1);
+    if (std::count(stored.begin(), stored.end(), L'\n') >= kMostStored)
+        return {}; // what is not on this list may be stored all the same
+    return missingPayments(approved, stored);
 }
 
 bool recordPayment(const EnvironmentState& state, const MissingPayment& payment) {

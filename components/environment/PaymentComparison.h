@@ -10,7 +10,8 @@
 namespace tollvane::environment {
 
 // The payments of the last week that the charge component tells as approved and the host data
-// server does not hold; oldest first. Raises ComponentError when one of the two cannot be asked.
+// server does not hold; oldest first. None when the server stored more than 50,000 meanwhile, which
+// is more than it lists. Raises ComponentError when one of the two cannot be asked.
 [[nodiscard]] std::vector<MissingPayment> findMissingPayments(const EnvironmentState& state);
 
 // Records one of them as it would have been, with what is known of it: transaction, amount,

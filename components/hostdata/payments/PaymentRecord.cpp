@@ -10,6 +10,7 @@ namespace tollvane::hostdata {
 namespace {
 
 constexpr std::int64_t kMillisecondsOfADay = 86'400'000;
+constexpr std::size_t kMostListed = 50'000;
 
 [[noreturn]] void raiseNoCurrent() {
     throw HostDataError(Failure::noCurrentRecord,
@@ -120,7 +121,8 @@ bool PaymentRecord::updateOnce() {
 
 std::string storedPayments(Store& store, const Clock& clock, std::int64_t days) {
     const std::string since = utcText(clock.now() - days * kMillisecondsOfADay);
-    return store.read([&](Database& database) { return PaymentTable(database).listSince(since); });
+    return store.read(
+        [&](Database& database) { return PaymentTable(database).listSince(since, kMostListed); });
 }
 
 } // namespace tollvane::hostdata

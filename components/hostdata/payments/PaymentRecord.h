@@ -48,7 +48,8 @@ private:
     bool adding_ = false;
 };
 
-// What was stored in the last days, as PaymentTable::listSince tells it. Raises HostDataError.
+// What was stored in the last days, as PaymentTable::listSince tells it: no more than the newest
+// 50,000, which a till can wait for. Raises HostDataError.
 [[nodiscard]] std::string storedPayments(Store& store, const Clock& clock, std::int64_t days);
 
 } // namespace tollvane::hostdata

@@ -121,14 +121,18 @@ bool PaymentTable::hasSamePayment(const PaymentValues& values) {
     return query.step();
 }
 
-std::string PaymentTable::listSince(const std::string& time) {
+std::string PaymentTable::listSince(const std::string& time, std::size_t most) {
     // In the order of the primary key: an old store with many records costs no more than a new one.
     auto query =
         database_.prepare("SELECT created, trans_id, amount FROM payments ORDER BY id DESC");
     std::string list;
-    while (query.step() && query.text(0) >= time)
-        if (!query.isNull(1) && !query.isNull(2))
-            list += query.text(1) + "\t" + std::to_string(query.number(2)) + "\n";
+    std::size_t listed = 0;
+    while (listed < most && query.step() && query.text(0) >= time) {
+        if (query.isNull(1) || query.isNull(2))
+            continue;
+        list += query.text(1) + "\t" + std::to_string(query.number(2)) + "\n";
+        ++listed;
+    }
     return list;
 }
 

@@ -25,8 +25,8 @@ public:
     // record.
     [[nodiscard]] bool hasSamePayment(const PaymentValues& values);
     // "TransID", tab, "Amount", line feed for each record that has both, newest first, back to the
-    // first one that was created before the given time ("2026-11-21T09:05:03Z").
-    [[nodiscard]] std::string listSince(const std::string& time);
+    // first one that was created before the given time ("2026-11-21T09:05:03Z"), and not more.
+    [[nodiscard]] std::string listSince(const std::string& time, std::size_t most);
 
 private:
     Database& database_;

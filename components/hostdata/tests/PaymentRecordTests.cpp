@@ -233,6 +233,9 @@ TEST_F(ComparedPaymentTest, WhatWasStoredInTheLastDaysIsListedNewestFirst) {
     record.update();
     EXPECT_EQ(storedPayments(store, clock, 2), "second\t-50000\nfirst\t314000\n");
     EXPECT_EQ(storedPayments(store, clock, 3), "second\t-50000\nfirst\t314000\nold\t10000\n");
+    const auto newest =
+        store.read([](Database& database) { return PaymentTable(database).listSince("2000", 1); });
+    EXPECT_EQ(newest, "second\t-50000\n");
 }
 
 TEST_F(PaymentRecordTest, AStoreThatWasClosedOpensAgain) {
