@@ -2,6 +2,7 @@
 
 #include "platform/win32/CentredLine.h"
 #include "platform/win32/Clipboard.h"
+#include "platform/win32/FreedMemory.h"
 
 #include <algorithm>
 #include <array>
@@ -102,7 +103,8 @@ void Win32TextBox::overwrite(std::size_t start, std::size_t end, std::size_t fil
 
 void Win32TextBox::wipeText() {
     const auto length = static_cast<std::size_t>(native(WM_GETTEXTLENGTH, 0, 0));
-    if (length == 0) {
+    // What the operator deleted by hand is not in the box any more, but can be brought back.
+    if (length == 0 && native(EM_CANUNDO, 0, 0) == 0) {
         return;
     }
     // One character at a time: a longer change would hand the text itself to the undo buffer, and a
@@ -123,7 +125,10 @@ void Win32TextBox::wipeText() {
     // Through a pointer, so that it is called and not inlined: its frame has to lie below this one.
     void (*const volatile wipe)() = &wipeStackBelow;
     wipe();
-    raise(on.change);
+    wipeFreedMemory();
+    if (length > 0) {
+        raise(on.change);
+    }
 }
 
 int Win32TextBox::selStart() const {

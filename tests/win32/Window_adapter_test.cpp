@@ -206,6 +206,28 @@ TEST_F(WindowAdapter, AWipedTextIsGoneFromTheWholeProcess) {
     EXPECT_EQ(traced.box("txtFirst").text(), "");
 }
 
+TEST_F(WindowAdapter, AnEmptyBoxIsWipedOfWhatWasDeletedByHand) {
+    const MemorySearch search("4929", "1357");
+    traced.show();
+    traced.watch(0);
+    const HWND box = windowOf("txtFirst");
+    for (const char* half : {"4929", "1357"}) {
+        for (const char* digit = half; *digit; ++digit) {
+            SendMessageA(box, WM_CHAR, static_cast<WPARAM>(*digit), 1);
+        }
+    }
+    SendMessageA(box, EM_SETSEL, 0, -1);
+    SendMessageA(box, WM_CLEAR, 0, 0);
+    ASSERT_EQ(traced.box("txtFirst").secretText().size(), 0U);
+    ASSERT_GT(search.count(), 0) << "it could be brought back";
+    traced.take();
+
+    traced.box("txtFirst").wipeText();
+
+    EXPECT_EQ(search.count(), 0);
+    EXPECT_EQ(traced.take(), "") << "nothing has changed that shows";
+}
+
 /// Looks at the message box that is open and answers it with a key, from inside its own loop.
 class BoxUser {
 public:
