@@ -33,7 +33,11 @@ void append(std::function<void(Arguments...)>& slot,
         if (first) {
             first(arguments...);
         }
-        next(arguments...);
+        try {
+            next(arguments...);
+        } catch (...) {
+            // How a text looks is a convenience; typing goes on without it.
+        }
     };
 }
 

@@ -100,14 +100,15 @@ void ChargeInfo::bindButtonEvents() {
 
 void ChargeInfo::Form_Initialize() {
     // Each step stands alone: one that fails is reported and leaves the others to do their part.
-    guard("There was an error preparing the entry fields.", [this] {
+    constexpr const char* kPreparing = "There was an error preparing the entry fields.";
+    guard(kPreparing, [this] {
         controls_.optTransType[transtype::charge]->select();
         charge_ = &components_.charge();
         controls_.cmdModify.setTabStop(false);
         SetDigitsOnly(controls_.txtCardNumber);
-        fillStateList(desktop_.program, controls_.cboBillToState);
-        setMaximumLengths();
     });
+    guard(kPreparing, [this] { fillStateList(desktop_.program, controls_.cboBillToState); });
+    guard(kPreparing, [this] { setMaximumLengths(); });
     guard("There was an error clearing the form.", [this] { ClearText(); });
     guard("There was an error filling the expiration dates.",
           [this] { expiry_.fill(components_.charge()); });

@@ -6,6 +6,16 @@
 
 namespace tollvane {
 
+namespace {
+
+/// An amount is taken as it is; only a text asks the locale how to be read.
+Money moneyOf(const Variant& answer, Locale& locale) {
+    const auto* amount = std::get_if<Money>(&answer);
+    return amount != nullptr ? *amount : asMoney(answer, moneyStyle(locale));
+}
+
+} // namespace
+
 void TransactionField::setValue(Variant value) {
     field_->put("cTransactionFields_Value", std::move(value));
 }
@@ -66,7 +76,7 @@ std::string ChargeComponent::text(std::string_view property) const {
 }
 
 Money ChargeComponent::Amount() const {
-    return asMoney(component_->get("Amount"), moneyStyle(*locale_));
+    return moneyOf(component_->get("Amount"), *locale_);
 }
 void ChargeComponent::SetAmount(Money amount) {
     component_->put("Amount", amount);
@@ -111,7 +121,7 @@ void ChargeComponent::SetExpirationDate(const DateTime& firstOfMonth) {
 }
 
 Money ChargeComponent::Tax() const {
-    return asMoney(component_->get("Tax"), moneyStyle(*locale_));
+    return moneyOf(component_->get("Tax"), *locale_);
 }
 void ChargeComponent::SetTax(const std::string& tax) {
     component_->put("Tax", tax);

@@ -1,17 +1,44 @@
 #include "platform/LocaleStyle.h"
 
+#include "platform/Error.h"
+
 #include <charconv>
+#include <optional>
+#include <utility>
 
 namespace tollvane {
 
 namespace {
 
+/// The item's text; nothing when the locale has no such item or it cannot be read.
+std::optional<std::string> itemText(Locale& locale, std::uint32_t which, std::uint32_t item) {
+    const int size = locale.info(which, item, nullptr, 0);
+    if (size <= 0) {
+        return std::nullopt;
+    }
+    std::string text(static_cast<std::size_t>(size), '\0');
+    const int written = locale.info(which, item, text.data(), size);
+    if (written <= 0) {
+        return std::nullopt;
+    }
+    text.resize(static_cast<std::size_t>(written - 1));
+    return text;
+}
+
 /// Only the item's absence keeps the fallback: a locale may well have an empty group separator.
 void read(Locale& locale, std::uint32_t item, std::string& text) {
-    const std::uint32_t user = locale.userDefault();
-    if (locale.info(user, item, nullptr, 0) > 0) {
-        text = localeText(locale, user, item);
+    if (auto found = itemText(locale, locale.userDefault(), item)) {
+        text = std::move(*found);
     }
+}
+
+/// With a decimal sign that is not the locale's own, amounts would be read a hundredfold.
+void readDecimalSign(Locale& locale, std::uint32_t item, std::string& sign) {
+    auto found = itemText(locale, locale.userDefault(), item);
+    if (!found) {
+        throw Error(errornumber::invalidProcedureCall, "Locale", "The decimal sign cannot be read");
+    }
+    sign = std::move(*found);
 }
 
 /// Several locales part groups by a narrow blank that 8-bit code pages lack; the system hands out
@@ -36,23 +63,16 @@ void read(Locale& locale, std::uint32_t item, int& number) {
 } // namespace
 
 std::string localeText(Locale& locale, std::uint32_t which, std::uint32_t item) {
-    const int size = locale.info(which, item, nullptr, 0);
-    if (size <= 0) {
-        return {};
-    }
-    std::string text(static_cast<std::size_t>(size), '\0');
-    const int written = locale.info(which, item, text.data(), size);
-    text.resize(written > 0 ? static_cast<std::size_t>(written - 1) : 0);
-    return text;
+    return itemText(locale, which, item).value_or(std::string());
 }
 
 MoneyStyle moneyStyle(Locale& locale) {
     constexpr int kMostDigits = 9;
     MoneyStyle style;
     read(locale, localeitem::currencySymbol, style.currencySymbol);
-    read(locale, localeitem::decimalSeparator, style.decimalSeparator);
+    readDecimalSign(locale, localeitem::decimalSeparator, style.decimalSeparator);
     readGroupSeparator(locale, localeitem::groupSeparator, style.groupSeparator);
-    read(locale, localeitem::moneyDecimal, style.moneyDecimal);
+    readDecimalSign(locale, localeitem::moneyDecimal, style.moneyDecimal);
     readGroupSeparator(locale, localeitem::moneyGroup, style.moneyGroup);
     read(locale, localeitem::moneyGrouping, style.moneyGrouping);
     read(locale, localeitem::negativeSign, style.negativeSign);

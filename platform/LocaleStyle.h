@@ -25,7 +25,7 @@ inline constexpr std::uint32_t negativeSign = 0x51;
 std::string localeText(Locale& locale, std::uint32_t which, std::uint32_t item);
 
 /// How the signed-in user writes numbers and money; an item that the locale lacks keeps the
-/// default of MoneyStyle.
+/// default of MoneyStyle. Raises 5 when a decimal sign cannot be read.
 MoneyStyle moneyStyle(Locale& locale);
 
 /// How the signed-in user writes short dates.

@@ -72,6 +72,22 @@ TEST_F(StartFailure, SettingsThatCannotBeReadAreReported) {
     EXPECT_FALSE(till.isOpen());
 }
 
+TEST_F(StartFailure, StateThatHasNoNameLeavesTheFieldsTheirLengths) {
+    till.desktop.program.strings.erase(205);
+
+    till.start();
+
+    const std::vector<Message> boxes = till.boxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_TRUE(boxes[0].text.starts_with(
+        "There was an error preparing the entry fields.\r\n\r\nError: 326, "))
+        << boxes[0];
+    ASSERT_TRUE(till.isOpen());
+    EXPECT_EQ(till.box("txtAuthNum").maxLength(), 6);
+    EXPECT_EQ(till.box("txtCardNumber").maxLength(), 22);
+    till.expectUsable();
+}
+
 TEST_F(StartFailure, BoxThatCannotBeShownStillEndsTheStartQuietly) {
     till.desktop.automation.unregister("ZendaSwiftill.Tollvane");
     till.desktop.faults.failAt(Port::messageBoxes, 1, 7);

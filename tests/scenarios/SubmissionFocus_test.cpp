@@ -125,6 +125,11 @@ TEST_F(FocusAfterAnError, OfAnAmountThatIsNoMoneyIsOnSubmit) {
     expectErrorAndFocusOnSubmit();
 }
 
+TEST_F(FocusAfterAnError, OfADecimalSignThatCannotBeReadIsOnSubmit) {
+    till.desktop.locale.remove(localeitem::decimal);
+    expectErrorAndFocusOnSubmit();
+}
+
 TEST_F(FocusAfterAnError, OfATaxThatIsNoMoneyIsOnSubmit) {
     till.enter("txtTaxAmount", "abc");
     expectErrorAndFocusOnSubmit();

@@ -53,6 +53,27 @@ TEST(ControlFaults, OfAClosingFormNeverKeepTheComponents) {
     });
 }
 
+TEST(ControlFaults, OfAFormattedFieldStopNobodyFromTyping) {
+    const int failed = sweepFaults([](int nth) {
+        Till till;
+        till.open();
+        till.desktop.faults.failAt(Port::controls, nth, kNumber);
+
+        till.desktop.robot->click(till.form(), "txtDescription");
+        till.desktop.robot->typeText("two chairs");
+
+        const bool reached = till.desktop.faults.reached();
+        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
+                     till.desktop.faults.failedCall());
+        till.desktop.faults.clear();
+        till.boxes();
+        EXPECT_EQ(till.text("txtDescription"), "two chairs");
+        till.desktop.expectNothingLeftOver();
+        return reached;
+    });
+    EXPECT_GE(failed, 1);
+}
+
 TEST(ControlFaults, OfSavedOptionsAreToldAndKeepTheDialogOpen) {
     Till till;
     till.open();

@@ -1,4 +1,6 @@
 #include "platform/LocaleStyle.h"
+
+#include "platform/Error.h"
 #include "tests/desktop/FakeLocale.h"
 #include "tests/desktop/FaultPlan.h"
 
@@ -60,6 +62,35 @@ TEST_F(LocaleStyleTest, AnEmptyItemIsEmptyAndAMissingOneKeepsTheDefault) {
     EXPECT_EQ(style.moneyGroup, "");
     EXPECT_EQ(style.currencySymbol, "$");
     EXPECT_EQ(style.digits, 2);
+}
+
+TEST_F(LocaleStyleTest, AMissingDecimalSignIsNotGuessed) {
+    locale.use(localeid::germany);
+    locale.remove(0x0E);
+    EXPECT_THROW(moneyStyle(locale), Error);
+    locale.set(0x0E, ",");
+    EXPECT_NO_THROW(moneyStyle(locale));
+    locale.remove(0x16);
+    EXPECT_THROW(moneyStyle(locale), Error);
+}
+
+TEST_F(LocaleStyleTest, AnItemThatFailsAfterItsSizeWasToldKeepsTheDefault) {
+    class Failing : public Locale {
+    public:
+        explicit Failing(Locale& inner) : inner_(inner) {}
+        std::uint32_t systemDefault() override { return inner_.systemDefault(); }
+        std::uint32_t userDefault() override { return inner_.userDefault(); }
+        int info(std::uint32_t which, std::uint32_t item, char* buffer, int size) override {
+            const bool fails = size > 0 && item == 0x0F;
+            return fails ? 0 : inner_.info(which, item, buffer, size);
+        }
+
+    private:
+        Locale& inner_;
+    } failing{locale};
+    locale.set(0x0F, ";");
+    EXPECT_EQ(moneyStyle(failing).groupSeparator, MoneyStyle().groupSeparator);
+    EXPECT_EQ(localeText(failing, failing.userDefault(), 0x0F), "");
 }
 
 TEST_F(LocaleStyleTest, AGroupSeparatorThatTheCodePageLacksIsABlank) {
