@@ -51,6 +51,8 @@ public:
 
     /// The answers to the coming operations, in order; without one an approval.
     void answer(ChargeAnswer answer) { answers_.push_back(std::move(answer)); }
+    /// What was planned and not asked for.
+    void forgetAnswers() { answers_.clear(); }
     /// The next operation raises this error.
     void failOperation(const Error& error) { operationError_ = error; }
     /// Runs while an operation is under way, before it answers.

@@ -16,7 +16,7 @@ Desktop TestDesktop::desktop() {
     return {
         *useForms_,  *useMessageBoxes_, *useRegistry_, *useAutomation_, *useFiles_, *useProgram_,
         *useLocale_, *useClock_,        *useScreen_,   mouse,           random,     beeper,
-        shell,       printers};
+        *useShell_,  *usePrinters_};
 }
 
 void TestDesktop::expectNothingLeftOver() const {

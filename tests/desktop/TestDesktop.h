@@ -49,6 +49,8 @@ public:
     void use(Locale& port) { useLocale_ = &port; }
     void use(Clock& port) { useClock_ = &port; }
     void use(Screen& port) { useScreen_ = &port; }
+    void use(Shell& port) { useShell_ = &port; }
+    void use(Printers& port) { usePrinters_ = &port; }
 
     /// Fails the running test when something escaped a handler, a planned answer was not asked
     /// for, or a registry key stayed open.
@@ -91,6 +93,8 @@ private:
     Locale* useLocale_ = &locale;
     Clock* useClock_ = &clock;
     Screen* useScreen_ = &screen;
+    Shell* useShell_ = &shell;
+    Printers* usePrinters_ = &printers;
 };
 
 } // namespace tollvane::test

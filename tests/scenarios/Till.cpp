@@ -40,12 +40,21 @@ Message question(const std::string& title, const std::string& text, int defaultB
             .helpTopic = 0};
 }
 
-Till::Till() : application_(desktop.desktop()) {
+Till::Till(const std::function<void(TestDesktop&)>& prepare) {
+    if (prepare) {
+        prepare(desktop);
+    }
     setCompany("Name", "Oak & Elm");
+    restart();
 }
 
 void Till::start() {
-    application_.Main();
+    application_->Main();
+}
+
+void Till::restart() {
+    application_.reset();
+    application_ = std::make_unique<Application>(desktop.desktop());
 }
 
 void Till::open() {
@@ -59,14 +68,14 @@ void Till::open() {
 }
 
 bool Till::isOpen() {
-    return application_.form() != nullptr && form().isOpen();
+    return application_->form() != nullptr && form().isOpen();
 }
 
 ChargeInfo& Till::program() {
-    if (application_.form() == nullptr) {
+    if (application_->form() == nullptr) {
         throw std::runtime_error("there is no form");
     }
-    return *application_.form();
+    return *application_->form();
 }
 
 Form& Till::form() {

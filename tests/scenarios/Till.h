@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,10 +34,15 @@ inline constexpr const char* poNumberRequired = "Options\\Required Fields|PONumb
 /// name is stored, so that the start asks nothing; the clock stands at 21 November 2026, 09:05:03.
 class Till {
 public:
-    Till();
+    Till() : Till(std::function<void(TestDesktop&)>()) {}
+    /// `prepare` may put other ports in the place of the desktop's before the program gets them.
+    explicit Till(const std::function<void(TestDesktop&)>& prepare);
 
     /// Runs the program's entry point.
     void start();
+    /// Ends the program without its doing anything about it, and makes a new one that has not
+    /// started yet.
+    void restart();
     /// The same, and forgets the calls and boxes of the start.
     void open();
     /// The form was built and is on the screen.
@@ -92,7 +99,7 @@ public:
     TestDesktop desktop;
 
 private:
-    Application application_;
+    std::unique_ptr<Application> application_;
 };
 
 /// A test with a till of its own, which leaves nothing behind.
