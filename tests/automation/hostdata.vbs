@@ -223,6 +223,24 @@ Sub TestStampedPayment()
     Equal record.Item("Amount").Value, CCur(12), "A whole amount becomes currency"
 End Sub
 
+Sub TestComparedPayments()
+    Dim record, list
+    Set record = host.SafeCreateObj(17)
+    record.AddNew
+    record.Item("TransID") = "1000000077"
+    record.Item("Amount") = CCur("-3.5")
+    Equal record.UpdateOnce, True, "A payment that is not there is stored"
+    record.AddNew
+    record.Item("TransID") = "1000000077"
+    record.Item("Amount") = CCur("-3.5")
+    Equal record.UpdateOnce, False, "The same payment is not stored again"
+    record.Item("Amount") = CCur("3.5")
+    Equal record.UpdateOnce, True, "Another amount of the same transaction is another payment"
+    list = host.StoredPayments(1)
+    Equal InStr(list, "1000000077" & vbTab & "35000" & vbLf & "1000000077" & vbTab & "-35000" & vbLf), _
+        1, "What was stored is listed, newest first"
+End Sub
+
 Sub TestTwoClients()
     Dim other, mine, theirs
     Set other = CreateObject("dcZenda32.dcclsZenda32")
@@ -293,6 +311,8 @@ TestPayments
 Finished "TestPayments"
 TestStampedPayment
 Finished "TestStampedPayment"
+TestComparedPayments
+Finished "TestComparedPayments"
 TestTwoClients
 Finished "TestTwoClients"
 TestStoresThatCannotBeUsed

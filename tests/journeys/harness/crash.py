@@ -82,6 +82,10 @@ class Shop:
         environment = {**self.prefix.environment(), **fault.environment(),
                        "TOLLVANE_DISK_TRACE": str(self.trace)}
         self.trace.unlink(missing_ok=True)
+        # The disk fails the program and the host data server, not Wine's own server, which would
+        # take the fault along into the runs to come.
+        subprocess.run(["wineserver", "-p20"], env=self.prefix.environment(), check=False,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         # Not a pipe: the host data server would hold its other end.
         said = self.folder / "said"
         with open(said, "wb") as output:
