@@ -41,9 +41,9 @@ TEST(TrackOne, BlanksInTheNumberAndTextAroundTheTrackDoNotMatter) {
 }
 
 TEST(TrackOne, IncompleteTracksAreNone) {
-    for (const char* text :
-         {"", "%", "%B", "%B?", "B4111^A^2712?", "%B4111111111111111^A^2712",
-          "%B4111111111111111^A?", "%B^A^2712?", "%B4111?^A^2712", ";4111=2712?"})
+    for (const char* text : {"", "%", "%B", "%B?", "B4111^A^2712?", "%B4111111111111111^A^2712",
+                             "%B4111111111111111^A?", "%B^A^2712?", "%B4111?^A^2712",
+                             "%B4111111111111111^A?^2712", ";4111=2712?"})
         EXPECT_FALSE(parseTrackOne(text)) << text;
 }
 

@@ -182,6 +182,15 @@ TEST_F(OperatorTest, TheLastManagerKeepsThePrivilegeAndStaysEnabled) {
     EXPECT_NO_THROW(operators.setPrivilege(token, anna, 1, false));
 }
 
+TEST_F(OperatorTest, ADisabledManagerIsNotTheLastOne) {
+    server.createAnna();
+    const auto token = server.signInAnna();
+    const auto ben = server.addBen(token);
+    operators.setPrivilege(token, ben, privilege::manageOperators, true);
+    operators.setEnabled(token, ben, false);
+    EXPECT_NO_THROW(operators.setPrivilege(token, ben, privilege::manageOperators, false));
+}
+
 TEST_F(OperatorTest, UnknownOperatorsAndPrivilegeNumbersAreRefused) {
     server.createAnna();
     const auto token = server.signInAnna();

@@ -129,6 +129,8 @@ TEST(StoreCare, PaymentsThatChangedSinceTheyWereStoredAreFound) {
     const StoreCheck check = checkStore(folder.file());
     ASSERT_EQ(check.problems.size(), 3U);
     EXPECT_NE(check.problems[1].find("number 12 "), std::string::npos) << check.problems[1];
+    Database(folder.file()).execute("UPDATE payments SET amount = 1");
+    EXPECT_EQ(checkStore(folder.file()).problems.size(), 20U) << "the first ones are enough";
     EXPECT_EQ(failureOf([&] { backUpStore(folder.file(), folder.file("copy.db")); }),
               Failure::storeDamaged);
 }
@@ -214,6 +216,26 @@ TEST(StoreCare, AFolderThatIsNotThereIsReported) {
     makeStore(folder.file(), 1);
     EXPECT_EQ(failureOf([&] { backUpStore(folder.file(), folder.file("none/copy.db")); }),
               Failure::storeNotOpened);
+}
+
+TEST(StoreCare, ALargeStoreIsCopiedInSteps) {
+    const TestFolder folder;
+    makeStore(folder.file(), 1);
+    Database(folder.file())
+        .execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1200) "
+                 "INSERT INTO payments (created, street) "
+                 "SELECT 'then', hex(zeroblob(2000)) FROM n");
+    backUpStore(folder.file(), folder.file("copy.db"));
+    EXPECT_EQ(storeFacts(folder.file("copy.db")).payments, 1201);
+}
+
+TEST(StoreCare, ACopyThatCannotTakeItsPlaceIsReportedAndGone) {
+    const TestFolder folder;
+    makeStore(folder.file(), 1);
+    std::filesystem::create_directories(folder.file("copy.db/inside"));
+    EXPECT_EQ(failureOf([&] { backUpStore(folder.file(), folder.file("copy.db")); }),
+              Failure::storeNotWritable);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("copy.db.part")));
 }
 
 TEST(StoreCare, TillsReadAndWriteBesideACopy) {

@@ -22,8 +22,9 @@ TEST(StoreFailure, EveryResultOfTheEngineHasItsFailure) {
                                             {SQLITE_LOCKED, Failure::storeBusy},
                                             {SQLITE_IOERR_FSYNC, Failure::storeInputOutput},
                                             {SQLITE_ERROR, Failure::storeOther}};
-    for (const auto& [code, failure] : rows)
-        EXPECT_EQ(failureOf([&] { raiseStoreFailure(code, nullptr); }), failure) << code;
+    for (const auto& row : rows)
+        EXPECT_EQ(failureOf([&] { raiseStoreFailure(row.first, nullptr); }), row.second)
+            << row.first;
 }
 
 TEST(StoreFailure, TheEnginesOwnWordsAndCodeComeLast) {

@@ -112,6 +112,16 @@ TEST(Store, TheFileOfAnotherProgramIsRefused) {
     EXPECT_NO_THROW(other.execute("SELECT x FROM theirs"));
 }
 
+TEST(Store, TheFileOfAnotherProgramThatCountsItsVersionsIsRefused) {
+    const TestFolder folder;
+    {
+        Database other(folder.file());
+        other.execute("CREATE TABLE theirs (x); PRAGMA user_version=1");
+    }
+    Store store(folder.file());
+    EXPECT_EQ(failureOf([&] { rows(store); }), Failure::storeDamaged);
+}
+
 TEST(Store, AFileOfANewerVersionIsRefused) {
     const TestFolder folder;
     Store first(folder.file());

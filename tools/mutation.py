@@ -1,0 +1,148 @@
+"""Tries mutants: compiles a changed source, links it in front of the libraries that hold the sound one,
+and runs the tests that are about it, until one fails."""
+
+import json
+import os
+import pathlib
+import re
+import resource
+import shlex
+import shutil
+import subprocess
+
+import coverage
+import gtest
+import mutate
+import ringlib
+
+TIME_LIMIT = 60
+MEMORY_LIMIT = 4 << 30
+# These play at random and take most of the time; a mutant meets them last.
+SLOW = ("Share/*", "*Property*", "*property*", "*Sweep*", "*Plays*", "*Simul*")
+# Tables of places and captions in design units: pictures and scenarios judge those.
+TABLES = re.compile(r"Layout\.cpp$|Menus\.cpp$")
+OF_ROOM = {"components/charge/": ("charge_tests", "record_files_tests", "log_lines_tests"),
+           "components/logviewer/": ("logviewer_tests", "log_lines_tests"),
+           "components/hostdata/": ("hostdata_tests", "store_file_tests"),
+           "components/environment/": ("environment_tests", "command_lines_tests"),
+           "platform/": ("native_tests", "charge_tests", "money_texts_tests"),
+           "settings/": ("native_tests", "stored_settings_tests")}
+# Twice as fast as the usual one, where it is.
+LINKER = ["-fuse-ld=gold"] if shutil.which("ld.gold") else []
+CASE = re.compile(r"^(?:TYPED_)?TEST(?:_F|_P)?\((\w+),", re.MULTILINE)
+
+
+def all_mutants():
+    """[(file, line, what, changed text)] of the portable sources."""
+    found = []
+    for name in coverage.sources():
+        if not TABLES.search(name):
+            text = (ringlib.TOP / name).read_text(encoding="utf-8")
+            found += [(name, *each) for each in mutate.mutants(text)]
+    return found
+
+
+class Workshop:
+    """A build whose programs can be linked anew with one object changed. Each worker has a folder."""
+
+    def __init__(self, build, folder):
+        self.build = build
+        self.folder = folder
+        commands = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
+        self.compiles = {os.path.relpath(each["file"], ringlib.TOP): each for each in commands
+                         if "_tests.dir" not in each["command"]}
+        self.links = {program: self.link_command(program) for program in gtest.programs(build)}
+        self.suites = suites_by_source()
+
+    def link_command(self, program):
+        """The command that links a program, as words."""
+        target = os.path.relpath(program, self.build)
+        shown = subprocess.run(["ninja", "-C", str(self.build), "--quiet", "-t", "commands", "-s",
+                                target], text=True, check=True, capture_output=True).stdout
+        command = shown.strip().splitlines()[-1].removeprefix(": && ").removesuffix(" && :")
+        return shlex.split(command)
+
+    def compile(self, name, text, worker):
+        """The object of the changed source; nothing when it does not compile."""
+        known = self.compiles[name]
+        words = [word for word in shlex.split(known["command"]) if not word.endswith("ccache")]
+        place = self.folder / worker
+        place.mkdir(parents=True, exist_ok=True)
+        source, result = place / pathlib.Path(name).name, place / "changed.o"
+        source.write_text(text, encoding="utf-8")
+        words[words.index("-o") + 1] = str(result)
+        words[words.index("-c") + 1] = str(source)
+        done = subprocess.run([*words, "-w", "-Wno-error"], cwd=known["directory"], check=False,
+                              stdin=subprocess.DEVNULL, capture_output=True)
+        return result if done.returncode == 0 else None
+
+    def programs(self, name):
+        """The test programs that can notice a change of the source."""
+        wanted = next((names for start, names in OF_ROOM.items() if name.startswith(start)),
+                      ("native_tests", "component_answers_tests"))
+        return [program for part in wanted for program in self.links
+                if pathlib.Path(program).name == part]
+
+    def link(self, program, changed, worker):
+        """The program with the changed object."""
+        words = list(self.links[program])
+        result = self.folder / worker / pathlib.Path(program).name
+        words[words.index("-o") + 1] = str(result)
+        first = next(i for i, word in enumerate(words) if word.endswith(".o"))
+        words[first:first] = [str(changed), *LINKER]
+        done = subprocess.run(words, cwd=self.build, check=False, stdin=subprocess.DEVNULL,
+                              capture_output=True)
+        return result if done.returncode == 0 else None
+
+    def filters(self, name):
+        """Which cases to run, nearest first: those about the source, all quick ones, the slow."""
+        near = ":".join(f"*{suite}*" for suite in sorted(self.suites.get(stem(name), ())))
+        slow = ":".join(SLOW)
+        return [*([f"{near}-{slow}"] if near else []), f"*-{slow}", slow]
+
+    def try_mutant(self, mutant, worker):
+        """"killed", "survived", or "none" for what is no program."""
+        name, _, _, text = mutant
+        changed = self.compile(name, text, worker)
+        if changed is None:
+            return "none"
+        for program in self.programs(name):
+            linked = self.link(program, changed, worker)
+            if linked is None:
+                return "none"
+            if any(not passes(linked, wanted) for wanted in self.filters(name)):
+                return "killed"
+        return "survived"
+
+
+def passes(program, wanted):
+    """Whether the program's cases pass, within the limits of time and memory."""
+    def limit():
+        resource.setrlimit(resource.RLIMIT_AS, (MEMORY_LIMIT, MEMORY_LIMIT))
+        resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    try:
+        return subprocess.run(
+            [program, "--gtest_brief=1", "--gtest_fail_fast", f"--gtest_filter={wanted}"],
+            env={**os.environ, "LLVM_PROFILE_FILE": os.devnull}, stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=TIME_LIMIT, check=False,
+            preexec_fn=limit, cwd=program.parent).returncode == 0
+    except subprocess.TimeoutExpired:
+        return False
+
+
+def stem(name):
+    """What a file is about: ChargeInfo of entry/ChargeInfo_Start.cpp."""
+    return pathlib.Path(name).stem.split("_")[0]
+
+
+def suites_by_source():
+    """{what a source is about: the suites of the tests that include its header}."""
+    listed = subprocess.run(["git", "ls-files", "tests/*.cpp", "components/*/tests/*.cpp"],
+                            cwd=ringlib.TOP, text=True, check=True, capture_output=True).stdout
+    found = {}
+    for test in listed.split():
+        text = (ringlib.TOP / test).read_text(encoding="utf-8")
+        about = {stem(path) for path in re.findall(r'^#include "([^"]+)"', text, re.MULTILINE)}
+        for each in about | {stem(test).removesuffix("Tests").removesuffix("Test")}:
+            found.setdefault(each, set()).update(CASE.findall(text))
+    return found
