@@ -19,9 +19,9 @@ TEST(DayText, AMonthOrAYearReachesFromItsFirstToItsLastDay) {
 }
 
 TEST(DayText, AnythingElseIsNoDay) {
-    for (const char* text :
-         {"", "  ", "x", "26", "999", "20261121", "2026-", "2026-13", "2026-0-1", "2026-11-0",
-          "2026-11-", "2026-11-32", "2026-11-21x", "21.11.2026", "-2026"})
+    for (const char* text : {"", "  ", "x", "26", "999", "20261121", "2026-", "2026-13", "2026-0-1",
+                             "2026-11-0", "20261", "2026-011", "2026-11-021", "2026-11-",
+                             "2026-11-32", "2026-11-21x", "21.11.2026", "-2026"})
         EXPECT_EQ(dayFromText(text, PeriodEnd::First), std::nullopt) << text;
 }
 

@@ -77,6 +77,14 @@ TEST(LogIndex, OverlongTextIsOneDamagedLine) {
     EXPECT_EQ(index.rows()[1].offset, 101U);
 }
 
+TEST(LogIndex, OverlongTextTakesThePlaceOfTheTailItBeganAs) {
+    LogIndex index;
+    index.finish("the beginning of something");
+    index.feedDamaged("the beginning of something too long");
+    ASSERT_EQ(index.rows().size(), 1U);
+    EXPECT_EQ(index.rows()[0].length, 35U);
+}
+
 TEST(LogIndex, EachOperatorHasOneNumber) {
     const LogIndex index = indexOf(lineOf({.who = "Ben"}) + lineOf({.who = "-"}) +
                                    lineOf({.who = "Olive Trent"}) + lineOf({.who = "Ben"}));
