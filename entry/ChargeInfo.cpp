@@ -180,6 +180,9 @@ void ChargeInfo::txtCardNumber_Validate(bool& cancel) {
 }
 
 void ChargeInfo::Form_KeyDown(int keyCode, int shift) {
+    if (submitting_) {
+        return;
+    }
     settleBeforeKey(keyCode);
     if (isColourCommand(keyCode, shift)) {
         paintRandomColours(*form_, desktop_.random);

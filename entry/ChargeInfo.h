@@ -163,7 +163,14 @@ private:
     void submit();
     bool runOperation(std::string_view& operationName);
     void reportFailure(std::string_view operationName);
-    void completeApproval(std::string_view operationName);
+    /// What an approval brings about before anybody is told: the fields, the payment record.
+    void recordApproval();
+    void showApproval(std::string_view operationName);
+    /// After an error that may have left a payment without its record: says in the status bar which
+    /// one, for as long as the form is open.
+    void keepInSight(std::string_view operationName, bool approved) noexcept;
+    /// "1000000001, ", or nothing when it cannot be read.
+    std::string approvedId();
     void finishSubmission() noexcept;
     /// Sends the focus back to the control that it just left for one that must not keep it.
     void returnFocusFrom(Control& left);
@@ -188,6 +195,10 @@ private:
     int transType_ = 0;
     bool transactionApproved_ = false;
     bool submitting_ = false;
+    bool releaseOwed_ = false; ///< the form was closed while a submission was under way
+    std::string approvalDetail_;
+    std::string dataStatus_;   ///< what the status bar says when all is well
+    std::string openPayments_; ///< and what stands before it, the newest first
     /// Blank in every entry: the track of a card stays in `txtMagStripe` alone.
     std::array<char, 25> swipeRecord_{};
     bool amountTipIsOwed_ = false;  ///< a reader was still sending

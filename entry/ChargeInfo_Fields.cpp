@@ -76,6 +76,11 @@ void ChargeInfo::ApplyAutoFormat() {
 }
 
 void ChargeInfo::Form_KeyPress(int& keyAscii) {
+    if (submitting_) {
+        // A card that is swiped now would begin a new entry in the midst of this one.
+        keyAscii = 0;
+        return;
+    }
     swipe_.keyPressed(keyAscii);
     if (!swipe_.inBurst()) {
         amountTipIsOwed_ = false;

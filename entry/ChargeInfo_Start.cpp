@@ -149,9 +149,9 @@ void ChargeInfo::setMaximumLengths() {
 
 void ChargeInfo::showDataPath() {
     Environment& environment = components_.environment();
-    std::string text = "Data: " + CapitalizePath(environment.Data_Path());
-    text += "   Location: " + environment.Location(); // asked for second
-    ShowStatus(text);
+    dataStatus_ = "Data: " + CapitalizePath(environment.Data_Path());
+    dataStatus_ += "   Location: " + environment.Location(); // asked for second
+    ShowStatus(dataStatus_);
 }
 
 void ChargeInfo::showCompanyAddress() {
@@ -206,7 +206,11 @@ void ChargeInfo::Form_Unload() {
                             &controls_.txtMagStripe, &controls_.txtKbBuffer}) {
         guard("There was an error clearing the card data.", [secret] { secret->wipeText(); });
     }
-    components_.ReleaseComponents();
+    // What the gateway approves in the meantime still has to be recorded.
+    releaseOwed_ = submitting_;
+    if (!releaseOwed_) {
+        components_.ReleaseComponents();
+    }
 }
 
 void ChargeInfo::returnFocusFrom(Control& left) {

@@ -3,6 +3,7 @@
 #include "entry/ChargeInfo.h"
 #include "entry/Raised.h"
 #include "output/HelpFiles.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -56,21 +57,34 @@ void ChargeInfo::cmdSubmit_Click() {
     const Hourglass hourglass(*form_);
     bool refused = false;
     guard("There was an error getting an approval.", [&] {
-        refused = !ValidateTransaction();
+        refused = !ValidateTransaction() || !form_->isOpen();
         if (!refused) {
             EnableForm(false);
             submit();
         }
     });
-    if (!refused) {
+    if (!refused && form_->isOpen()) {
         finishSubmission();
+    }
+    if (releaseOwed_) {
+        guard("There was an error closing the form.", [this] { components_.ReleaseComponents(); });
     }
 }
 
 void ChargeInfo::submit() {
     std::string_view operationName;
-    if (runOperation(operationName)) {
-        completeApproval(operationName);
+    bool approved = false;
+    try {
+        approved = runOperation(operationName);
+        if (approved) {
+            recordApproval();
+        }
+    } catch (...) {
+        keepInSight(operationName, approved);
+        throw;
+    }
+    if (approved) {
+        showApproval(operationName);
     } else {
         reportFailure(operationName);
     }
@@ -111,7 +125,7 @@ void ChargeInfo::reportFailure(std::string_view operationName) {
          .help = [this](const Message& box) { showHelpOf(box); }});
 }
 
-void ChargeInfo::completeApproval(std::string_view operationName) {
+void ChargeInfo::recordApproval() {
     ChargeComponent charge = components_.charge();
     SetTransactionApproved(true);
     const std::string approval = charge.ApprovalCode();
@@ -121,15 +135,41 @@ void ChargeInfo::completeApproval(std::string_view operationName) {
     // No longer needed by anybody; the number itself stays to be seen until the next entry.
     controls_.txtMagStripe.wipeText();
     controls_.txtCardCode.wipeText();
-    const std::string detail = textLine("Aproval code:", approval) +
-                               textLine("Transaction ID:", transactionId) +
-                               charge.ResponseReasonText();
+    approvalDetail_ = textLine("Aproval code:", approval) +
+                      textLine("Transaction ID:", transactionId) + charge.ResponseReasonText();
     WriteZendaRecord();
-    desktop_.messageBoxes.show(
-        {.text = "The " + std::string(operationName) + " was successful." + kBlankLine + detail,
-         .title = "Approved"});
-    controls_.cmdCancel.setEnabled(true);
-    controls_.cmdCancel.setFocus();
+}
+
+void ChargeInfo::showApproval(std::string_view operationName) {
+    desktop_.messageBoxes.show({.text = "The " + std::string(operationName) + " was successful." +
+                                        kBlankLine + approvalDetail_,
+                                .title = "Approved"});
+    if (form_->isOpen()) {
+        controls_.cmdCancel.setEnabled(true);
+        controls_.cmdCancel.setFocus();
+    }
+}
+
+void ChargeInfo::keepInSight(std::string_view operationName, bool approved) noexcept {
+    try {
+        const DateTime now = desktop_.clock.now();
+        const std::string what = std::string(operationName) + " of " + controls_.txtAmount.text() +
+                                 " at " + zeroPadded(now.hour, 2) + ":" + zeroPadded(now.minute, 2);
+        openPayments_ = (approved ? "Approved, but perhaps not recorded: " + approvedId()
+                                  : std::string("See the transaction log: ")) +
+                        what + "   " + openPayments_;
+        ShowStatus(openPayments_ + dataStatus_);
+    } catch (...) {
+        // The error itself is about to be shown.
+    }
+}
+
+std::string ChargeInfo::approvedId() {
+    try {
+        return components_.charge().TransactionID() + ", ";
+    } catch (...) {
+        return {}; // the log finds the payment by its time and amount, too
+    }
 }
 
 void ChargeInfo::finishSubmission() noexcept {

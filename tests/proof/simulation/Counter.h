@@ -1,0 +1,75 @@
+#pragma once
+
+#include "app/Application.h"
+#include "tests/desktop/TestDesktop.h"
+#include "tests/proof/simulation/Entry.h"
+#include "tests/proof/simulation/SimulatedCharge.h"
+#include "tests/proof/simulation/SimulatedHost.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tollvane::simulation {
+
+/// Message boxes with an operator in front of them, who answers at once.
+class SimulatedBoxes : public MessageBoxes {
+public:
+    explicit SimulatedBoxes(const bool& dark) : dark_(dark) {}
+
+    MessageAnswer show(const Message& message) override;
+
+    /// The next box cannot be shown.
+    bool refuseNext = false;
+    /// What the operator answers to questions.
+    MessageAnswer answer = MessageAnswer::no;
+    /// Runs while a box is open.
+    std::function<void(const Message& message)> whileOpen;
+    /// The boxes that the operator saw.
+    std::vector<Message> seen;
+
+private:
+    const bool& dark_;
+};
+
+/// One run of the program at the counter, and the hands of its operator.
+class Counter {
+public:
+    /// `now` is the time on the wall.
+    Counter(ChargeGround& ground, SimulatedHost& host, const DateTime& now);
+    Counter(const Counter&) = delete;
+    Counter& operator=(const Counter&) = delete;
+
+    void start() { application_.Main(); }
+    bool isOpen();
+    ChargeInfo& program() { return *application_.form(); }
+    Form& form() { return program().form(); }
+    std::string status();
+
+    void fill(const Entry& entry);
+    void choose(int type) { desktop.robot->click(form(), "optTransType", type); }
+    void press(std::string_view button) { desktop.robot->click(form(), button); }
+    /// A whole card, as fast as a reader sends it.
+    void swipe(std::string_view card);
+    /// What an operator needs to go on, or what is wrong with it.
+    std::string complaint();
+    /// Another start of the program while this one runs; answers what came of it.
+    std::string startSecondInstance();
+
+    test::TestDesktop desktop;
+    SimulatedBoxes boxes;
+    SimulatedCharge charge;
+
+private:
+    TextBox& box(std::string_view name) { return form().control<TextBox>(name); }
+    void enter(std::string_view name, std::string_view text) { box(name).setText(text); }
+    void fillCard(const Entry& entry);
+    void fillAddress();
+    Desktop furnish(SimulatedHost& host);
+
+    Application application_;
+};
+
+} // namespace tollvane::simulation

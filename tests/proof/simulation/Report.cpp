@@ -1,0 +1,70 @@
+#include "tests/proof/simulation/Report.h"
+
+#include <sstream>
+
+namespace tollvane::simulation {
+
+namespace {
+
+constexpr std::size_t kLatest = 60;
+constexpr std::size_t kMostComplaints = 5;
+
+std::string namesOfNone(const std::array<int, kFaultKinds>& counts) {
+    std::string names;
+    for (std::size_t i = 0; i < counts.size(); ++i) {
+        if (counts[i] == 0) {
+            names += (names.empty() ? "" : ", ") + std::string(nameOf(static_cast<Fault>(i)));
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+void Trace::line(const std::string& text) {
+    for (const char c : text + "\n") {
+        digest_ = (digest_ ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    }
+    latest_.push_back(text);
+    if (latest_.size() > kLatest) {
+        latest_.pop_front();
+    }
+}
+
+std::string Trace::latest() const {
+    std::string text;
+    for (const std::string& line : latest_) {
+        text += line + "\n";
+    }
+    return text;
+}
+
+void Report::complain(const std::string& what) {
+    trace.line("COMPLAINT " + what);
+    if (complaints.size() < kMostComplaints) {
+        complaints.push_back(what + "\n" + trace.latest());
+    }
+}
+
+std::string Report::neverDrawn() const {
+    return namesOfNone(drawn);
+}
+std::string Report::neverStruck() const {
+    return namesOfNone(struck);
+}
+
+std::string Report::summary() const {
+    std::ostringstream out;
+    out << "transactions " << transactions << "\nsubmissions " << submissions << "\napproved "
+        << approved << "\ndeclined " << declined << "\nerrors " << errors << "\nrestarts "
+        << restarts << "\nrecorded " << recorded << "\nmissing, told in the status bar "
+        << missingAndTold << "\nmissing after a crash, told by the log " << missingAndLogged
+        << "\ncomplaints " << complaints.size() << "\n";
+    for (std::size_t i = 0; i < kFaultKinds; ++i) {
+        out << "fault " << nameOf(static_cast<Fault>(i)) << ": " << drawn[i] << " drawn, "
+            << struck[i] << " met\n";
+    }
+    return out.str();
+}
+
+} // namespace tollvane::simulation

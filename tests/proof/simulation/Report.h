@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tests/proof/simulation/Fault.h"
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tollvane::simulation {
+
+/// Everything that happened, folded into one number, and the latest of it in words.
+class Trace {
+public:
+    void line(const std::string& text);
+    std::uint64_t digest() const { return digest_; }
+    std::string latest() const;
+
+private:
+    std::uint64_t digest_ = 14695981039346656037U;
+    std::deque<std::string> latest_;
+};
+
+/// What a run tried and found.
+struct Report {
+    int transactions = 0;
+    int submissions = 0;
+    int approved = 0;
+    int declined = 0;
+    int errors = 0;
+    int restarts = 0;
+    int recorded = 0;
+    int missingAndTold = 0;   ///< the status bar named the payment
+    int missingAndLogged = 0; ///< the program ended in between; the log names the payment
+    std::array<int, kFaultKinds> drawn{};
+    std::array<int, kFaultKinds> struck{};
+    std::vector<std::string> complaints;
+    Trace trace;
+
+    void drew(Fault fault) { ++drawn.at(static_cast<std::size_t>(fault)); }
+    void hit(Fault fault) { ++struck.at(static_cast<std::size_t>(fault)); }
+    void complain(const std::string& what);
+    /// Names of the kinds that never came up.
+    std::string neverDrawn() const;
+    std::string neverStruck() const;
+    /// The figures, a line each.
+    std::string summary() const;
+};
+
+} // namespace tollvane::simulation

@@ -1,0 +1,280 @@
+// What befalls the shop.
+
+#include "components/common/ComponentError.h"
+#include "gateway/TransactionType.h"
+#include "tests/proof/simulation/Shop.h"
+
+#include <array>
+
+namespace tollvane::simulation {
+
+namespace {
+
+using Trouble = SimulatedDisk::Trouble;
+
+template <class Value>
+struct Row {
+    Fault fault;
+    Value value;
+};
+
+constexpr std::array<Row<Trouble>, 9> kDisk{{{Fault::diskFull, Trouble::full},
+                                             {Fault::failedFlush, Trouble::failedFlush},
+                                             {Fault::shortWrite, Trouble::shortWrite},
+                                             {Fault::failedTruncate, Trouble::failedTruncate},
+                                             {Fault::unreadableFile, Trouble::unreadable},
+                                             {Fault::folderInUse, Trouble::inUse},
+                                             {Fault::powerCutBeforeWrite, Trouble::cutBefore},
+                                             {Fault::powerCutMidWrite, Trouble::cutMidway},
+                                             {Fault::powerCutAfterWrite, Trouble::cutAfter}}};
+constexpr int kDiskCalls = 7; // about as many as an operation makes of a kind
+
+constexpr std::array<Row<LineTrouble>, 6> kLine{
+    {{Fault::requestLost, LineTrouble::requestLost},
+     {Fault::replyLost, LineTrouble::replyLost},
+     {Fault::replyLostAndLineDead, LineTrouble::replyLostAndLineDead},
+     {Fault::lateApproval, LineTrouble::lateApproval},
+     {Fault::processorDown, LineTrouble::processorDown},
+     {Fault::requestSentTwice, LineTrouble::requestSentTwice}}};
+
+constexpr std::array<Row<HostTrouble>, 5> kHost{
+    {{Fault::hostDataGone, HostTrouble::gone},
+     {Fault::recordRefused, HostTrouble::recordRefused},
+     {Fault::storeFull, HostTrouble::storeFull},
+     {Fault::updateNeverArrived, HostTrouble::updateNeverArrived},
+     {Fault::updateAnswerLost, HostTrouble::updateAnswerLost}}};
+constexpr int kRecordCalls = 11;
+
+constexpr std::array kOperations{"AuthorizeAndCapture", "CaptureVoiceAuth", "Credit", "Void"};
+constexpr std::array<const char*, 8> kReadAfterwards{
+    "ApprovalCode", "TransactionID", "ResponseReasonText", "CardNumber",
+    "Amount",       "TestMode",      "ExpirationDate",     "ZipCode"};
+constexpr std::array<const char*, 4> kUsedBefore{"ClearFields", "TransactionField", "InvoiceNumber",
+                                                 "Amount"};
+
+const char* operationOf(const Entry& entry) {
+    return kOperations.at(entry.type == transtype::charge ? (entry.byTelephone ? 1U : 0U)
+                                                          : static_cast<unsigned>(entry.type) + 1U);
+}
+
+Error componentDied() {
+    return {-2147023174, "charge", "The RPC server is unavailable."};
+}
+
+} // namespace
+
+bool Shop::met(const Faults& faults, Fault fault) {
+    const bool found = faults.count(fault) != 0;
+    if (found) {
+        report_.hit(fault);
+    }
+    return found;
+}
+
+void Shop::arm(const Faults& faults) {
+    armDisk(faults);
+    armLine(faults);
+    armComponents(faults);
+    armMachine(faults);
+    meddling_ = false;
+    ground_.line.whileBusy = [this, faults] { meddle(faults); };
+    counter_->boxes.whileOpen = [this, faults](const Message& box) { meddleOverBox(faults, box); };
+}
+
+void Shop::armDisk(const Faults& faults) {
+    for (const auto& [fault, trouble] : kDisk) {
+        if (faults.count(fault) != 0) {
+            const bool once = trouble == Trouble::failedTruncate || trouble == Trouble::inUse;
+            ground_.disk.plan(trouble, once ? 1 : dice_.between(1, kDiskCalls));
+        }
+    }
+}
+
+void Shop::armLine(const Faults& faults) {
+    for (const auto& [fault, trouble] : kLine) {
+        if (faults.count(fault) != 0) {
+            ground_.line.trouble = trouble;
+        }
+    }
+    for (const auto& [fault, trouble] : kHost) {
+        if (faults.count(fault) != 0) {
+            host_.trouble = trouble;
+            host_.refusedCall = dice_.below(kRecordCalls);
+            host_.struck = false;
+        }
+    }
+}
+
+void Shop::armComponents(const Faults& faults) {
+    SimulatedCharge& charge = counter_->charge;
+    const std::string operation = operationOf(entry());
+    if (faults.count(Fault::wrongTypedResult) != 0) {
+        charge.spoil(operation, Variant(std::string("perhaps")));
+    }
+    if (faults.count(Fault::componentDiedAfterAnswer) != 0) {
+        charge.spoil(operation, componentDied());
+    }
+    if (faults.count(Fault::errorBeforeOperation) != 0) {
+        charge.spoil(dice_.pick(kUsedBefore), componentDied());
+    }
+    const bool wrongType = faults.count(Fault::wrongTypedField) != 0;
+    const bool error = faults.count(Fault::errorAfterApproval) != 0;
+    const bool killed = faults.count(Fault::programKilledAfterAnswer) != 0;
+    const std::string member = dice_.pick(kReadAfterwards);
+    charge.onAnswer = [this, faults, wrongType, error, killed, member] {
+        if (wrongType) {
+            counter_->charge.spoil(member, Variant(ObjectRef()));
+        }
+        if (error) {
+            counter_->charge.spoil(member, componentDied());
+        }
+        if (killed) {
+            report_.hit(Fault::programKilledAfterAnswer);
+            ground_.dark = true;
+        }
+    };
+}
+
+void Shop::armMachine(const Faults& faults) {
+    test::FaultPlan& plan = counter_->desktop.faults;
+    if (faults.count(Fault::registryRefusal) != 0) {
+        plan.failAt(test::Port::registry, dice_.between(1, 30), 5);
+    } else if (faults.count(Fault::localeFailure) != 0) {
+        plan.failAt(test::Port::locale, dice_.between(1, 40), 5);
+    }
+    counter_->boxes.refuseNext = met(faults, Fault::boxNotShown);
+}
+
+void Shop::disarm(const Faults& faults) {
+    const auto count = [&](Fault fault, bool struck) {
+        if (struck && faults.count(fault) != 0) {
+            report_.hit(fault);
+        }
+    };
+    for (const auto& [fault, trouble] : kDisk) {
+        count(fault, ground_.disk.struck());
+    }
+    for (const auto& [fault, trouble] : kLine) {
+        count(fault, ground_.line.trouble == LineTrouble::none);
+    }
+    for (const auto& [fault, trouble] : kHost) {
+        count(fault, host_.struck);
+    }
+    for (const Fault fault :
+         {Fault::wrongTypedResult, Fault::wrongTypedField, Fault::errorAfterApproval,
+          Fault::errorBeforeOperation, Fault::componentDiedAfterAnswer}) {
+        count(fault, counter_->charge.struck());
+    }
+    for (const Fault fault : {Fault::registryRefusal, Fault::localeFailure}) {
+        count(fault, counter_->desktop.faults.reached());
+    }
+    counter_->desktop.faults.clear();
+    counter_->charge.forgive();
+    counter_->charge.onAnswer = [] {};
+    counter_->boxes.refuseNext = false;
+    counter_->desktop.record.forget();
+    counter_->desktop.registry.forgetCalls();
+    host_.trouble = HostTrouble::none;
+    ground_.disk.heal();
+    const bool dark = ground_.dark;
+    ground_.disk.setDark(false);
+    ground_.line.deliver(ground_.disk, ground_.settings.settings.dataFolder);
+    ground_.disk.setDark(dark);
+    ground_.line.trouble = LineTrouble::none;
+    ground_.line.dead = false;
+}
+
+void Shop::meddle(const Faults& faults) {
+    if (meddling_ || ground_.dark || !counter_->isOpen()) {
+        return;
+    }
+    meddling_ = true;
+    Counter& counter = *counter_;
+    test::Robot& hands = *counter.desktop.robot;
+    if (faults.count(Fault::doubleClick) != 0) {
+        counter.press("cmdSubmit");
+        counter.press("cmdSubmit");
+    }
+    if (faults.count(Fault::accessKeyRepeated) != 0) {
+        hands.accessKey('S');
+        hands.accessKey('S');
+    }
+    if (faults.count(Fault::heldKeys) != 0) {
+        hands.key(test::keycode::enter);
+        hands.key(test::keycode::space);
+    }
+    if (met(faults, Fault::swipeWhileBusy)) {
+        hands.typeText("%B5555555555554444^OTHER/CARD^3012101000000000?\r");
+        hands.letTimePass(2500);
+    }
+    if (met(faults, Fault::cancelWhileBusy)) {
+        counter.press("cmdCancel");
+    }
+    if (met(faults, Fault::otherTypeWhileBusy)) {
+        counter.choose((entry().type + 1) % transtype::count);
+    }
+    if (met(faults, Fault::closeBoxWhileBusy)) {
+        hands.closeBox(counter.form());
+    }
+    if (met(faults, Fault::secondInstance)) {
+        const std::string wrong = counter.startSecondInstance();
+        if (!wrong.empty()) {
+            report_.complain(wrong);
+        }
+    }
+    if (met(faults, Fault::otherTillWhileBusy)) {
+        chargeAtOtherTill();
+    }
+}
+
+void Shop::meddleOverBox(const Faults& faults, const Message& box) {
+    judge_.look(box, entry(), counter_->charge.raised);
+    if (box.buttons != MessageButtons::ok || meddlingOverBox_ || !counter_->isOpen()) {
+        return;
+    }
+    meddlingOverBox_ = true;
+    test::Robot& hands = *counter_->desktop.robot;
+    if (faults.count(Fault::doubleClick) != 0) {
+        counter_->press("cmdSubmit");
+    }
+    if (met(faults, Fault::swipeOverBox)) {
+        hands.typeText("%B5555555555554444^OTHER/CARD^3012101000000000?");
+        hands.letTimePass(2500);
+    }
+    meddlingOverBox_ = false;
+}
+
+void Shop::moveClock(const Faults& faults) {
+    test::FakeClock& clock = counter_->desktop.clock;
+    constexpr int kHour = 3'600'000;
+    if (met(faults, Fault::clockForward)) {
+        clock.advance(static_cast<std::uint64_t>(dice_.between(1, 40)) * kHour);
+    }
+    if (met(faults, Fault::clockBack)) {
+        DateTime back = clock.now();
+        back.hour = dice_.below(back.hour + 1);
+        back.minute = dice_.below(back.minute + 1);
+        clock.set(back);
+    }
+}
+
+/// Another till on the same files, which has to wait for its turn.
+void Shop::chargeAtOtherTill() {
+    TillClock clock(counter_->desktop.clock);
+    const std::string key = ground_.lastKey;
+    const auto other = makeService(ground_, clock);
+    other->fields().set(charge::Field::CardNumber, "4111111111111111");
+    other->fields().set(charge::Field::ExpirationDate, "3-2030");
+    other->fields().set(charge::Field::Amount, "1.00");
+    other->fields().set(charge::Field::InvoiceNumber, "OTHER");
+    other->settleOpenOperations();
+    try {
+        other->run(charge::Operation::Charge, {});
+        report_.complain("another till charged in the middle of an operation");
+    } catch (const com::ComponentError&) {
+        // Nothing was sent.
+    }
+    ground_.lastKey = key;
+}
+
+} // namespace tollvane::simulation

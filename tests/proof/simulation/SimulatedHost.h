@@ -1,0 +1,60 @@
+#pragma once
+
+#include "components/hostdata/payments/PaymentRecord.h"
+#include "components/hostdata/store/Store.h"
+#include "platform/Money.h"
+#include "tests/desktop/FakeAutomation.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tollvane::simulation {
+
+enum class HostTrouble {
+    none,
+    gone,          ///< no record object can be made
+    recordRefused, ///< one of the record's members raises
+    storeFull,     ///< Update raises and stores nothing
+    updateNeverArrived,
+    updateAnswerLost, ///< stored, but the answer does not come back
+};
+
+struct StoredPayment {
+    std::string transactionId;
+    Money amount;
+    std::string approval;
+    std::string account;
+
+    friend bool operator==(const StoredPayment&, const StoredPayment&) = default;
+};
+
+/// The host data server: the shop's real payment store behind its automation contract. Outlives the
+/// programs that use it.
+class SimulatedHost {
+public:
+    explicit SimulatedHost(const bool& dark);
+
+    /// The server's object for a program.
+    ObjectRef object(test::AutomationRecord& record);
+
+    HostTrouble trouble = HostTrouble::none;
+    /// Which member of a record raises when it is refused; 0 is GetrecbyIDNumber.
+    int refusedCall = 0;
+    bool struck = false;
+
+    std::vector<StoredPayment> payments();
+    std::int64_t count();
+
+private:
+    ObjectRef makeRecord(test::AutomationRecord& record);
+    void update(hostdata::PaymentRecord& payment);
+    void requireLife(HostTrouble deadly);
+    void countCall(int& calls);
+
+    const bool& dark_;
+    hostdata::SystemClock clock_;
+    hostdata::Store store_{":memory:"};
+};
+
+} // namespace tollvane::simulation
