@@ -45,7 +45,8 @@ TEST_F(OpenPayments, AreNamedAfterAnAnswerThatCouldNotBeRead) {
 }
 
 TEST_F(OpenPayments, AreNamedByAmountAndTimeWhenTheirIdCannotBeRead) {
-    till.desktop.record.failNext("charge.TransactionID", Error(70, "component", "once more"));
+    till.desktop.record.failNext("charge.TransactionID",
+                                 Error(70, "component", "Permission denied"));
     failAt("charge.TransactionID");
 
     EXPECT_EQ(till.status(),

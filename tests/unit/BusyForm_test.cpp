@@ -44,6 +44,7 @@ TEST_F(BusyForm, ThatIsClosedStillRecordsThePaymentAndThenLetsTheComponentsGo) {
 
 TEST_F(BusyForm, ThatIsClosedOverAQuestionChargesNothing) {
     till.fillCharge();
+    till.set(option::cardCodeRequired, false);
     till.enter("txtCardCode", "");
     till.desktop.boxes.answer(MessageAnswer::no);
     till.desktop.boxes.whileOpen = [this](const Message&) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 
 namespace tollvane::charge {
 
@@ -135,9 +136,10 @@ bool Ledger::isSettled(const LedgerEntry& entry, const Moment& now) const {
 
 const LedgerEntry* Ledger::duplicateOf(const ProcessorRequest& request) const {
     for (auto each = entries_.rbegin(); each != entries_.rend(); ++each) {
+        // A clock that was put right in between may have gone back.
         const std::int64_t age = request.time.epochSeconds - each->epochSeconds;
         if ((each->approved() || each->held()) && each->operation == request.operation &&
-            each->amount == request.amount && age >= 0 && age < request.duplicateWindowSeconds &&
+            each->amount == request.amount && std::abs(age) < request.duplicateWindowSeconds &&
             isSamePayment(*each, request) && !isVoid(each->answer.transactionId))
             return &*each;
     }

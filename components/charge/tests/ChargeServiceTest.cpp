@@ -279,6 +279,16 @@ TEST(Duplicates, TheSameChargeWithinTheWindowIsRefusedWithTheFirstOnesId) {
     EXPECT_TRUE(shop.charge("30.00"));
 }
 
+TEST(Duplicates, AreSeenAlsoWhenTheClockWasPutBackALittle) {
+    Shop shop;
+    ASSERT_TRUE(shop.charge("12.50"));
+    shop.clock.forwardSeconds(-60);
+    EXPECT_FALSE(shop.charge("12.50"));
+    EXPECT_EQ(code(Reason::Duplicate), shop.reason());
+    shop.clock.forwardSeconds(-60);
+    EXPECT_TRUE(shop.charge("12.50"));
+}
+
 TEST(Duplicates, AnotherCardAmountInvoiceOrExpiryIsAnotherCharge) {
     Shop shop;
     ASSERT_TRUE(shop.charge("30.00"));

@@ -29,8 +29,13 @@ MessageAnswer SimulatedBoxes::show(const Message& message) {
 }
 
 Counter::Counter(ChargeGround& ground, SimulatedHost& host, const DateTime& now)
-    : boxes(ground.dark), charge(ground, (desktop.clock.set(now), desktop.clock), desktop.record),
+    : boxes(ground.dark), charge(ground, clockAt(now), desktop.record),
       application_(furnish(host)) {}
+
+test::FakeClock& Counter::clockAt(const DateTime& now) {
+    desktop.clock.set(now);
+    return desktop.clock;
+}
 
 Desktop Counter::furnish(SimulatedHost& host) {
     desktop.registry.addString(

@@ -67,6 +67,7 @@ private:
     void enter(std::string_view name, std::string_view text) { box(name).setText(text); }
     void fillCard(const Entry& entry);
     void fillAddress();
+    test::FakeClock& clockAt(const DateTime& now);
     Desktop furnish(SimulatedHost& host);
 
     Application application_;

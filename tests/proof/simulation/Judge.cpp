@@ -1,6 +1,8 @@
 #include "tests/proof/simulation/Judge.h"
 
+#include "components/charge/core/ApprovedPayments.h"
 #include "components/charge/core/GatewayMoney.h"
+#include "components/environment/MissingPayments.h"
 #include "gateway/TransactionType.h"
 
 #include <algorithm>
@@ -29,6 +31,14 @@ public:
 private:
     SimulatedDisk& disk_;
 };
+
+std::string narrow(const std::wstring& text) {
+    std::string narrowed;
+    for (const wchar_t c : text) {
+        narrowed += static_cast<char>(c);
+    }
+    return narrowed;
+}
 
 bool has(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
@@ -137,6 +147,7 @@ void Judge::checkStore(const charge::LedgerEntry& approved, const std::vector<En
         ++report_.recorded;
         return;
     }
+    missing_.insert(id);
     const auto entry = std::ranges::find(entries, approved.invoiceNumber, &Entry::invoice);
     if (told.count(id) != 0 || (entry != entries.end() && entry->lookedUp)) {
         ++report_.missingAndTold;
@@ -145,6 +156,29 @@ void Judge::checkStore(const charge::LedgerEntry& approved, const std::vector<En
     } else {
         report_.complain("no record of " + id + ", and nobody was told");
     }
+}
+
+void Judge::compareAtSignIn() {
+    const auto compare = [this] {
+        const std::string approved =
+            charge::listText(charge::approvedPayments(ground_.disk.contents(kLog), {}));
+        const std::string stored = host_.list();
+        return environment::missingPayments(std::wstring(approved.begin(), approved.end()),
+                                            std::wstring(stored.begin(), stored.end()));
+    };
+    std::set<std::string> named;
+    for (const environment::MissingPayment& each : compare()) {
+        named.insert(narrow(each.transaction));
+        host_.record({narrow(each.transaction), Money::fromScaled(each.amount),
+                      narrow(each.approval), narrow(each.lastFour)});
+    }
+    if (named != missing_) {
+        report_.complain("the comparison names other payments than are missing");
+    }
+    if (!compare().empty()) {
+        report_.complain("something is missing after it was recorded");
+    }
+    report_.recordedLater += static_cast<int>(named.size());
 }
 
 void Judge::closeBooks(const std::vector<Entry>& entries, const std::set<std::string>& told) {
@@ -159,6 +193,7 @@ void Judge::closeBooks(const std::vector<Entry>& entries, const std::set<std::st
             checkStore(each, entries, told, payments);
         }
     }
+    compareAtSignIn();
     for (const StoredPayment& left : payments) {
         report_.complain("a record without a charge, or twice: " + left.transactionId);
     }

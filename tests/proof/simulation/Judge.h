@@ -30,6 +30,7 @@ public:
     /// A box is on the screen. `outcomeUnknown`: the operation raised an error.
     void look(const Message& box, const Entry& entry, bool outcomeUnknown);
     /// At the end of the day: ledger, log and store. `told` are the ids that the program named.
+    /// What has no record is to be found by the comparison at the next sign-in, which records it.
     void closeBooks(const std::vector<Entry>& entries, const std::set<std::string>& told);
 
 private:
@@ -38,9 +39,12 @@ private:
     void checkStore(const charge::LedgerEntry& approved, const std::vector<Entry>& entries,
                     const std::set<std::string>& told, std::vector<StoredPayment>& payments);
 
+    void compareAtSignIn();
+
     ChargeGround& ground_;
     SimulatedHost& host_;
     Report& report_;
+    std::set<std::string> missing_; ///< ids of charges without a record
 };
 
 } // namespace tollvane::simulation

@@ -34,6 +34,7 @@ struct Report {
     int recorded = 0;
     int missingAndTold = 0;   ///< the status bar named the payment
     int missingAndLogged = 0; ///< the program ended in between; the log names the payment
+    int recordedLater = 0;    ///< found missing at the next sign-in and recorded
     std::array<int, kFaultKinds> drawn{};
     std::array<int, kFaultKinds> struck{};
     std::vector<std::string> complaints;

@@ -17,6 +17,7 @@ constexpr int kLastDigits = 4;
 constexpr std::array<int, 9> kOddAmounts{700'101, 700'220, 700'221, 700'360, 700'361,
                                          700'480, 700'501, 700'502, 700'503};
 constexpr int kMilliseconds = 1'000;
+constexpr int kDuplicateWindow = 60; // well within the processor's
 
 Money cents(int count) {
     return Money::fromScaled(std::int64_t{count} * (Money::scale / 100));
@@ -208,6 +209,9 @@ void Shop::secondTry(const Faults& faults) {
         counter_->fill(entry());
     }
     report_.hit(Fault::hastySecondTry);
+    if (faults.count(Fault::clockBack) != 0) {
+        putClockBack(dice_.below(kDuplicateWindow));
+    }
     const std::string before = counter_->status();
     ++report_.submissions;
     counter_->press("cmdSubmit");
@@ -254,8 +258,12 @@ void Shop::close() {
         report_.complain("the program does not end");
     }
     stop();
-    start();
-    stop();
+    ground_.disk.heal();
+    // The next start settles what is open.
+    test::FakeClock tomorrow;
+    tomorrow.set(now_);
+    TillClock clock(tomorrow);
+    makeService(ground_, clock)->settleOpenOperations();
     judge_.closeBooks(entries_, told_);
 }
 

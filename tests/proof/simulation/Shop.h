@@ -43,6 +43,7 @@ private:
     void meddle(const Faults& faults);
     void meddleOverBox(const Faults& faults, const Message& box);
     void moveClock(const Faults& faults);
+    void putClockBack(int seconds);
     void chargeAtOtherTill();
 
     void start();

@@ -4,6 +4,7 @@
 #include "gateway/TransactionType.h"
 #include "tests/proof/simulation/Shop.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tollvane::simulation {
@@ -256,6 +257,16 @@ void Shop::moveClock(const Faults& faults) {
         back.minute = dice_.below(back.minute + 1);
         clock.set(back);
     }
+}
+
+void Shop::putClockBack(int seconds) {
+    DateTime back = counter_->desktop.clock.now();
+    const int sinceMidnight = (back.hour * 60 + back.minute) * 60 + back.second;
+    const int wanted = std::max(0, sinceMidnight - seconds);
+    back.hour = wanted / 3600;
+    back.minute = wanted / 60 % 60;
+    back.second = wanted % 60;
+    counter_->desktop.clock.set(back);
 }
 
 /// Another till on the same files, which has to wait for its turn.

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 
 namespace tollvane::simulation {
@@ -57,7 +58,7 @@ public:
     /// What the next use of a member answers or raises instead of its own answer.
     using Mischief = std::variant<Variant, Error>;
     void spoil(const std::string& member, Mischief mischief) {
-        spoilt_.insert_or_assign(member, mischief);
+        spoilt_.insert_or_assign(member, std::move(mischief));
     }
     void forgive() { spoilt_.clear(); }
     bool struck() const { return struck_; }

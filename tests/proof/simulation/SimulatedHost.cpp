@@ -128,6 +128,22 @@ std::int64_t SimulatedHost::count() {
         [](hostdata::Database& database) { return hostdata::PaymentTable(database).count(); });
 }
 
+std::string SimulatedHost::list() {
+    return store_.read([](hostdata::Database& database) {
+        return hostdata::PaymentTable(database).listSince({});
+    });
+}
+
+void SimulatedHost::record(const StoredPayment& payment) {
+    hostdata::PaymentRecord made(store_, clock_, "ada", "Main Street");
+    made.addNew();
+    made.setValue(hostdata::paymentField("TransID"), payment.transactionId);
+    made.setValue(hostdata::paymentField("Amount"), payment.amount.scaled());
+    made.setValue(hostdata::paymentField("Approval"), payment.approval);
+    made.setValue(hostdata::paymentField("Account"), payment.account);
+    static_cast<void>(made.updateOnce());
+}
+
 std::vector<StoredPayment> SimulatedHost::payments() {
     return store_.read([](hostdata::Database& database) {
         hostdata::PaymentTable table(database);

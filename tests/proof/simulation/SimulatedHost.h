@@ -45,6 +45,10 @@ public:
 
     std::vector<StoredPayment> payments();
     std::int64_t count();
+    /// The payments as the server lists them for a comparison.
+    std::string list();
+    /// Records a payment by hand, once.
+    void record(const StoredPayment& payment);
 
 private:
     ObjectRef makeRecord(test::AutomationRecord& record);

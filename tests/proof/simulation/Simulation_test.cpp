@@ -11,11 +11,13 @@
 #include <fstream>
 #include <string>
 
-// Much is allocated here; where, is told by fewer frames.
+// Much is allocated here; where, is told by fewer frames. The sanitizer asks for that name.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() {
     return "malloc_context_size=3";
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace tollvane::simulation {
 namespace {
