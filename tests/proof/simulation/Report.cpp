@@ -59,7 +59,8 @@ std::string Report::summary() const {
         << approved << "\ndeclined " << declined << "\nerrors " << errors << "\nrestarts "
         << restarts << "\nrecorded " << recorded << "\nmissing, told in the status bar "
         << missingAndTold << "\nmissing after a crash, told by the log " << missingAndLogged
-        << "\ncomplaints " << complaints.size() << "\n";
+        << "\nfound missing at the next sign-in and recorded " << recordedLater << "\ncomplaints "
+        << complaints.size() << "\n";
     for (std::size_t i = 0; i < kFaultKinds; ++i) {
         out << "fault " << nameOf(static_cast<Fault>(i)) << ": " << drawn[i] << " drawn, "
             << struck[i] << " met\n";
