@@ -130,7 +130,7 @@ std::int64_t SimulatedHost::count() {
 
 std::string SimulatedHost::list() {
     return store_.read([](hostdata::Database& database) {
-        return hostdata::PaymentTable(database).listSince({});
+        return hostdata::PaymentTable(database).listSince({}, 1000);
     });
 }
 
