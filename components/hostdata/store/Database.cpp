@@ -104,9 +104,10 @@ Database::Database(const std::string& path) {
         raiseStoreFailure(code, connection);
     sqlite3_extended_result_codes(connection, 1);
     sqlite3_busy_timeout(connection, kBusyMilliseconds);
-    // A rollback journal with EXTRA also works on a network share and syncs the folder after the
-    // journal is deleted, so that a commit that has returned survives a loss of power.
-    execute("PRAGMA journal_mode=DELETE");
+    // A rollback journal also works on a network share. It is emptied and flushed, not deleted, so
+    // that a commit that has returned survives a loss of power: no system call flushes a deletion
+    // on Windows, and a journal that comes back would take the commit back.
+    execute("PRAGMA journal_mode=TRUNCATE");
     execute("PRAGMA synchronous=EXTRA");
     execute("PRAGMA foreign_keys=ON");
     // What is deleted or replaced (password hashes) is overwritten in the file.
