@@ -1,0 +1,71 @@
+"""What processes use: memory of their own and processor time, read from the system."""
+
+import os
+import pathlib
+import time
+
+TICK = 1 / os.sysconf("SC_CLK_TCK")
+
+
+def running():
+    """The numbers of all processes."""
+    return [int(entry.name) for entry in pathlib.Path("/proc").iterdir() if entry.name.isdigit()]
+
+
+def marked(mark):
+    """The processes whose environment holds a mark, such as a variable with its value."""
+    wanted = mark.encode("utf-8")
+    return [number for number in running()
+            if wanted in read(number, "environ").split(b"\0")]
+
+
+def command(number):
+    """The command line of a process, as one text."""
+    return read(number, "cmdline").replace(b"\0", b" ").decode("utf-8", "replace")
+
+
+def private_kb(numbers):
+    """Memory that processes share with nobody (KB)."""
+    total = 0
+    for number in numbers:
+        for line in read(number, "smaps_rollup").decode("ascii", "replace").splitlines():
+            if line.startswith(("Private_Clean:", "Private_Dirty:")):
+                total += int(line.split()[1])
+    return total
+
+
+def processor_seconds(numbers):
+    """What processes, and their children that have ended, have spent on a processor (s)."""
+    total = 0.0
+    for number in numbers:
+        for task in tasks(number):
+            words = read(number, f"task/{task}/schedstat").split()
+            total += int(words[0]) / 1e9 if words else 0
+        fields = read(number, "stat").rpartition(b")")[2].split()
+        total += (int(fields[13]) + int(fields[14])) * TICK if fields else 0
+    return total
+
+
+def tasks(number):
+    """The threads of a process."""
+    try:
+        return os.listdir(f"/proc/{number}/task")
+    except OSError:
+        return []
+
+
+def read(number, name):
+    """One file of a process; empty when the process is gone."""
+    try:
+        return pathlib.Path(f"/proc/{number}/{name}").read_bytes()
+    except OSError:
+        return b""
+
+
+def await_end(numbers, patience=30.0):
+    """Waits until none of the processes runs any more."""
+    end = time.monotonic() + patience
+    while any(read(number, "cmdline") for number in numbers):
+        if time.monotonic() > end:
+            raise RuntimeError("still there: " + ", ".join(map(command, numbers)))
+        time.sleep(0.01)
