@@ -11,7 +11,7 @@ FLOORS = {"platform": 0, "settings": 1, "gateway": 1, "controls": 2, "dialogs": 
           "entry": 3, "app": 4}
 # The platform's own headers stop at these doors.
 WINDOWS_ROOMS = ("platform/win32/", "components/", "tests/win32/", "tests/journeys/probe/",
-                 "app/win32/", "bench/")
+                 "app/win32/", "tests/bench/")
 # The executable's entry point hangs the program on the real desktop: it stands above all rooms.
 ENTRY_POINT = "platform/win32/WinMain.cpp"
 LONGEST_FILE = 450

@@ -8,7 +8,7 @@ import subprocess
 import processes
 import ringlib
 
-BENCH = ringlib.TOP / "bench"
+BENCH = ringlib.TOP / "tests" / "bench"
 MARK = "TOLLVANE_BENCHED"
 
 

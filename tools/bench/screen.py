@@ -53,8 +53,15 @@ class Screen:
             return []
         return [flat[row * width:(row + 1) * width] for row in range(height)]
 
+    def middle(self, window):
+        """The middle of a window, in pixels of the display."""
+        size = window.get_geometry()
+        corner = window.translate_coords(self._root, 0, 0)
+        return size.width // 2 - corner.x, size.height // 2 - corner.y
+
     def press(self, name, *held):
-        """Presses a key by its name ("Return", "m"), with other keys held."""
+        """Presses a key by its name ("Return", "m"), with other keys held; the moment before."""
+        begun = time.monotonic()
         codes = [self._display.keysym_to_keycode(XK.string_to_keysym(key))
                  for key in (*held, name)]
         for code in codes:
@@ -62,6 +69,7 @@ class Screen:
         for code in reversed(codes):
             xtest.fake_input(self._display, X.KeyRelease, code)
         self._display.sync()
+        return begun
 
     def click(self, left, top):
         """Clicks at a point of the display."""
@@ -108,7 +116,7 @@ def pixels(window, left, top, width, height):
     return [colour & COLOURS for colour in memoryview(image.data).cast("I")]
 
 
-def until(what, question, patience=60.0):
+def until(what, question, patience=30.0):
     """The first true answer, and the moment at which it was there."""
     end = time.monotonic() + patience
     while True:

@@ -1,6 +1,7 @@
 """The shop in which the program is measured: a display, a prefix, an operator, the company."""
 
 import contextlib
+import pathlib
 
 import programs
 import ringlib
@@ -16,7 +17,9 @@ from harness.reader import Reader
 from harness.till import Till
 
 FOLDER = ringlib.BUILD / "bench"
-FLOOR = ringlib.BUILD / "x64" / "bench" / "bench_floor.exe"
+DATA = pathlib.Path("drive_c/ProgramData/Norrow Programs")
+REQUIRED = ("InvoiceNumber", "PONumber", "CardCode", "BillToAddress", "Description")
+FLOOR = ringlib.BUILD / "x64" / "tests" / "bench" / "bench_floor.exe"
 
 
 class Shop(contextlib.ExitStack):
@@ -30,18 +33,31 @@ class Shop(contextlib.ExitStack):
         self.reader = self.enter_context(Reader(self.display))
         self.prefix = Prefix.installed(FOLDER / "prefix", self.display)
         self.callback(self.prefix.remove)
-        printers = self.enter_context(PrintServer(FOLDER / "print-server"))
-        self.prefix.print_server = printers.address
-        printers.add("Counter", "Letter")
+        self.printers = self.enter_context(PrintServer(FOLDER / "print-server"))
+        self.prefix.print_server = self.printers.address
+        self.printers.add("Counter", "Letter")
         # The harness's own eyes keep the prefix's server and desktop up between two starts.
         self.eyes = Till(self.prefix, self.display, FOLDER / "pictures")
         self.callback(self.eyes.close)
         self.counter = Counter(self.eyes)
         self._open_for_business()
 
+    @property
+    def charge_folder(self):
+        """Where the charge component and the simulated processor keep their books."""
+        return self.prefix.folder / DATA / "Zendacard"
+
+    @property
+    def store_folder(self):
+        """Where the payment store is."""
+        return self.prefix.folder / DATA / "Host Data"
+
     def _open_for_business(self):
         """The very first start: the operator is entered, charges are for real."""
         company.store(self.prefix, company.COMPANY)
+        for field in REQUIRED:
+            self.prefix.set_value(r"\Options\Required Fields", field, "REG_DWORD", 0)
+        self.prefix.set_value(r"\Options", "ShopAddressForBillToAddress", "REG_DWORD", 0)
         self.eyes.start()
         self.counter.enter_first_operator(till.MANAGER)
         self.eyes.form()
@@ -50,13 +66,21 @@ class Shop(contextlib.ExitStack):
 
     def programs(self):
         """The runs that are held against each other."""
-        wine = programs.WineProgram
-        return [till.TillRun(self.till_program(), self),
-                starts.PlainRun(wine("floor", FLOOR, self.prefix, self.display), self.screen),
-                starts.PlainRun(programs.swing(self.display, FOLDER), self.screen),
-                starts.PlainRun(programs.chromium(self.display, FOLDER), self.screen)]
+        others = (self.floor(), programs.swing(self.display, FOLDER),
+                  programs.chromium(self.display, FOLDER))
+        return [self.till_run(), *(starts.PlainRun(one, self.screen) for one in others)]
 
-    def till_program(self):
+    def till_run(self):
         """The program with the component that runs beside it."""
-        return programs.WineProgram("tollvane", "Tollvane.exe", self.prefix, self.display,
-                                    parts=("dcZenda32.exe",))
+        program = programs.WineProgram("tollvane", "Tollvane.exe", self.prefix, self.display,
+                                       parts=("dcZenda32.exe",))
+        return till.TillRun(program, self)
+
+    def floor(self):
+        """The bare window."""
+        return programs.WineProgram("floor", FLOOR, self.prefix, self.display)
+
+    def beside(self, form):
+        """The painted window that stands beside the form, and its middle on the display."""
+        window, _ = starts.await_window(self.screen, beside=[form])
+        return window, self.screen.middle(window)

@@ -29,7 +29,7 @@ class TillRun:
     name = "tollvane"
 
     def __init__(self, program, shop):
-        self._program, self._eyes = program, shop.eyes
+        self.program, self._eyes = program, shop.eyes
         self._screen, self._reader = shop.screen, shop.reader
         self._user_name = self._first_field = None
 
@@ -41,9 +41,9 @@ class TillRun:
 
     def open(self):
         """One measured start; the form stays open."""
-        before = processes.processor_seconds(self._program.helpers())
+        before = processes.processor_seconds(self.program.helpers())
         begun = time.monotonic()
-        self._program.start()
+        self.program.start()
         start = SignedInStart()
         dialog, moment = starts.await_window(self._screen, SIGN_IN)
         start.paint = (moment - begun) * 1000
@@ -54,12 +54,12 @@ class TillRun:
         start.form_paint = (moment - entered) * 1000
         self._first_field, moment, _ = self._take_keys(self._first_field, form, FIRST_FIELD)
         start.form_keys = (moment - entered) * 1000
-        starts.used(self._program, start, before)
+        starts.used(self.program, start, before)
         return start, form
 
     def close(self, form):
         """Closes the form and waits for the end of all that was the program's."""
-        own = self._program.processes()
+        own = self.program.processes()
         self._screen.close(form)
         processes.await_end(own)
 
@@ -67,7 +67,7 @@ class TillRun:
         """The field that has the focus or that is clicked into, when a letter showed in it, and how
         many were pressed."""
         if field is None:
-            place = self._eyes.control(name).centre if name else None
+            place = self._eyes.form().control(name).centre if name else None
             return starts.Field(self._screen, window, place), 0.0, 3
         moment, pressed = starts.await_keys(self._screen, window, field)
         return field, moment, pressed
@@ -77,6 +77,4 @@ class TillRun:
         for _ in range(pressed + SPARE):
             self._screen.press("BackSpace")
         self._reader.send(f"{MANAGER.user}\t{MANAGER.password}")
-        entered = time.monotonic()
-        self._screen.press("Return")
-        return entered
+        return self._screen.press("Return")

@@ -1,3 +1,4 @@
+#include "components/hostdata/store/StoreCare.h"
 #include "components/hostdata/tests/TestSupport.h"
 
 #include <chrono>
@@ -98,6 +99,39 @@ TEST(Store, OverwrittenPagesAreReportedAsDamaged) {
     overwrite(folder.file(), 4096, std::string(8192, '\x5A'));
     Store store(folder.file());
     EXPECT_EQ(failureOf([&] { rows(store); }), Failure::storeDamaged);
+}
+
+// More payments than a store may hold that is looked at as a whole when it is opened.
+void fillLarge(const std::string& path) {
+    Store store(path);
+    store.write([](Database& database) {
+        database.execute("WITH RECURSIVE number(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM number "
+                         "WHERE n < 6000) INSERT INTO payments (created, street) "
+                         "SELECT 'now', hex(zeroblob(500)) FROM number");
+    });
+}
+
+TEST(Store, ALargeStoreWithDamageAmongOldPaymentsOpensAndItsCheckFindsIt) {
+    const TestFolder folder;
+    fillLarge(folder.file());
+    const auto middle = static_cast<std::streamoff>(std::filesystem::file_size(folder.file()) / 2);
+    overwrite(folder.file(), middle / 4096 * 4096, std::string(4096, '\x5A'));
+    Store store(folder.file());
+    EXPECT_EQ(rows(store), 1);
+    EXPECT_EQ(failureOf([&] { (void)checkStore(folder.file()); }), Failure::storeDamaged);
+}
+
+TEST(Store, ALargeStoreWithDamagedOperatorsOrNewestPaymentIsReportedAsDamaged) {
+    const TestFolder folder;
+    fillLarge(folder.file());
+    const auto size = static_cast<std::streamoff>(std::filesystem::file_size(folder.file()));
+    std::filesystem::copy_file(folder.file(), folder.file("newest.db"));
+    overwrite(folder.file(), 4096, std::string(8192, '\x5A'));
+    Store operators(folder.file());
+    EXPECT_EQ(failureOf([&] { rows(operators); }), Failure::storeDamaged);
+    overwrite(folder.file("newest.db"), size - 4096 * 4, std::string(4096 * 4, '\x5A'));
+    Store newest(folder.file("newest.db"));
+    EXPECT_EQ(failureOf([&] { rows(newest); }), Failure::storeDamaged);
 }
 
 TEST(Store, TheFileOfAnotherProgramIsRefused) {

@@ -5,6 +5,8 @@ namespace {
 
 constexpr const char* kClass = "TollvaneBenchFloor";
 constexpr int kEdge = 8;
+// Below the place where a first window is put, so that two windows stand side by side.
+constexpr RECT kPlace{40, 540, 740, 960};
 
 HWND editOf(HWND window) {
     return FindWindowExA(window, nullptr, "EDIT", nullptr);
@@ -41,8 +43,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
     description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     description.lpszClassName = kClass;
     RegisterClassA(&description);
-    const HWND window = CreateWindowA(kClass, "Floor", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                                      CW_USEDEFAULT, 700, 480, nullptr, nullptr, instance, nullptr);
+    const HWND window = CreateWindowA(kClass, "Floor", WS_OVERLAPPEDWINDOW, kPlace.left, kPlace.top,
+                                      kPlace.right - kPlace.left, kPlace.bottom - kPlace.top,
+                                      nullptr, nullptr, instance, nullptr);
     if (window == nullptr) {
         return 1;
     }
