@@ -111,6 +111,10 @@ class Probe:
         """The visible top-level windows, topmost first."""
         return [Window(facts, self) for facts in self.ask("windows")]
 
+    def counts(self, process):
+        """How many handles, GDI objects and windows a process of the desktop holds."""
+        return self.ask(f"counts {process}")
+
     def lock(self, key):
         """Takes everybody's right to write a key below HKEY_LOCAL_MACHINE and what is below it."""
         answer = self.ask(f"lock {key}")

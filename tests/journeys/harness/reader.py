@@ -5,6 +5,7 @@ import ctypes
 
 KEYSYMS = {"\r": 0xFF0D, "\t": 0xFF09}
 SHIFT = 0xFFE1
+ALT = 0xFFE9
 NOW = 0
 
 
@@ -33,6 +34,15 @@ class Reader:
         for down in (True, False):
             self._test.XTestFakeButtonEvent(self._connection, 1, down, ctypes.c_ulong(NOW))
         self._x11.XFlush(self._connection)
+
+    def press_with_alt(self, character):
+        """Presses the key of a character with Alt held."""
+        alt, (code, _) = self._code(ALT), self._key(character)
+        self._press(alt, True)
+        self._press(code, True)
+        self._press(code, False)
+        self._press(alt, False)
+        self._x11.XSync(self._connection, False)
 
     def send(self, text, pace=0):
         """Types a text; every character comes `pace` milliseconds after the one before. Enter is

@@ -107,6 +107,10 @@ class Till:
         self.display.run("xdotool", "mousemove", "2", "2")
         return self.display.picture_at_rest(path)
 
+    def counts(self):
+        """How many handles, GDI objects and windows the program holds."""
+        return self._probe.counts(self.form()["pid"])
+
     # Hands
 
     def click(self, name, window=None):

@@ -1,7 +1,8 @@
 // Answers questions about the desktop, one JSON line for each line of standard input:
-//   windows | controls HWND | texts HWND... | lock KEY
+//   windows | controls HWND | texts HWND... | lock KEY | counts PROCESS
 // With arguments it answers that one question and ends.
 #include "tests/journeys/probe/Access.h"
+#include "tests/journeys/probe/Counts.h"
 #include "tests/journeys/probe/Json.h"
 #include "tests/journeys/probe/WindowTree.h"
 
@@ -33,6 +34,12 @@ std::string answer(const std::string& question) {
         json.beginObject();
         json.member("error", static_cast<long long>(tollvane::probe::lockKey(key)));
         json.endObject();
+        return json.text();
+    }
+    if (verb == "counts") {
+        DWORD processId = 0;
+        words >> processId;
+        tollvane::probe::writeCounts(json, processId);
         return json.text();
     }
     const std::vector<HWND> windows = handlesIn(words);
