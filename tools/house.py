@@ -15,6 +15,8 @@ WINDOWS_ROOMS = ("platform/win32/", "components/", "tests/win32/", "tests/journe
 # The executable's entry point hangs the program on the real desktop: it stands above all rooms.
 ENTRY_POINT = "platform/win32/WinMain.cpp"
 LONGEST_FILE = 450
+# Ask for a state again and again.
+POLLING = ("tests/journeys/harness/waiting.py", "tests/win32/Until.h")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
 
 
@@ -114,6 +116,14 @@ def test_only_branches():
             and branch.search(text(name))]
 
 
+def sleeping_tests():
+    """A test waits for a state; only what asks for one again and again may pause in between."""
+    pause = re.compile(r"\b(?:u?sleep|Sleep(?:Ex)?|nanosleep|sleep_for|sleep_until)\s*\(")
+    return [f"{name}: {found.group()}" for name in tracked("*.cpp", "*.h", "*.py", "*.vbs")
+            if re.search(r"(^|/)tests/", name) and name not in POLLING
+            and (found := pause.search(text(name)))]
+
+
 def machine_paths():
     """Nothing committed names a folder of one machine or the host of a package registry."""
     words = re.compile("|".join(["/ho" + r"me/\w", "/ro" + "ot/", "/wo" + "rk/", "npm" + "js[.]"]))
@@ -128,5 +138,6 @@ RULES = {
     "files stay short": long_files,
     "every source is built": sources_nobody_builds,
     "no test-only branch ships": test_only_branches,
+    "no test sleeps": sleeping_tests,
     "no path of one machine": machine_paths,
 }

@@ -1,6 +1,8 @@
 """What each journey gets: a fresh display, a fresh Windows with the program installed, a till."""
 
+import os
 import pathlib
+import random
 import sys
 
 import pytest
@@ -82,6 +84,13 @@ def open_counter(counter):
     counter.start()
     counter.set_test_mode(False)
     return counter
+
+
+def pytest_collection_modifyitems(items):
+    """Plays the journeys in a random order when TOLLVANE_ORDER is its seed."""
+    order = os.environ.get("TOLLVANE_ORDER")
+    if order:
+        random.Random(int(order)).shuffle(items)
 
 
 @pytest.hookimpl(hookwrapper=True)

@@ -6,6 +6,7 @@
 #include "platform/win32/Win32Shell.h"
 #include "tests/scenarios/ScenarioTest.h"
 #include "tests/scenarios/TracedForm.h"
+#include "tests/win32/Until.h"
 #include "tests/win32/WindowForms.h"
 
 #include <windows.h>
@@ -46,14 +47,8 @@ public:
         return path + name;
     }
     bool comesToHold(const char* name) const {
-        const std::uint64_t end = GetTickCount64() + 10'000;
-        while (GetFileAttributesA((path + name).c_str()) == INVALID_FILE_ATTRIBUTES) {
-            if (GetTickCount64() > end) {
-                return false;
-            }
-            Sleep(10);
-        }
-        return true;
+        return until(
+            [&] { return GetFileAttributesA((path + name).c_str()) != INVALID_FILE_ATTRIBUTES; });
     }
 
     std::string path;
