@@ -1,6 +1,7 @@
 #include "components/environment/EnvironmentObject.h"
 
 #include "components/common/ComFailure.h"
+#include "components/environment/HostDataStart.h"
 #include "components/environment/LoginObject.h"
 #include "components/environment/PaymentComparison.h"
 #include "components/environment/UserObjects.h"
@@ -38,7 +39,13 @@ HRESULT EnvironmentObject::get_CurrentUser(IDispatch** user) {
 }
 
 HRESULT EnvironmentObject::get_DCServer(BSTR* computer) {
-    return com::guarded(interfaceId(), kSource, [&] { give(computer, state_->dcServer()); });
+    return com::guarded(interfaceId(), kSource, [&] {
+        const std::wstring name = state_->dcServer();
+        // Whoever asks is about to connect.
+        if (name.empty())
+            startHostDataServer();
+        give(computer, name);
+    });
 }
 
 HRESULT EnvironmentObject::get_Options(IDispatch** options) {

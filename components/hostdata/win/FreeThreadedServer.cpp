@@ -3,6 +3,7 @@
 #include "components/common/ClassFactory.h"
 #include "components/common/ComFailure.h"
 #include "components/common/ComPtr.h"
+#include "components/common/ServerSign.h"
 
 #include <objbase.h>
 
@@ -108,8 +109,11 @@ void runFreeThreaded(const com::ServerClasses& server, void (*atRest)()) {
     const MultithreadedApartment apartment;
     const IdleEvent idle;
     OfferedClasses offered(server);
+    const com::ServerSign sign(com::kHostDataSign);
     do {
+        sign.show();
         IdleEvent::wait(kUnusedMilliseconds);
+        sign.hide();
     } while (!mayEnd());
     offered.withdraw();
     atRest();
