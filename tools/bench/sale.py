@@ -15,7 +15,7 @@ SWIPES = 5
 PACE = 1  # ms between two characters
 REST = 0.4
 APPROVED = "Approved"
-HOLDER = "txtCardName"
+HOLDER, AMOUNT = "txtCardName", "txtAmount"
 EMPTY_AT_FIRST = ("txtAuthNum", "txtTransactionNumber")
 LEDGER, STORE_JOURNAL = "ledger-live.dat", "hostdata.db-journal"
 SYNC = re.compile(r"(?:fsync|fdatasync)\(\d+<([^>]*)>")
@@ -28,12 +28,11 @@ class Clerk:
         self._screen, self._reader, self._form = shop.screen, shop.reader, form
         controls = shop.eyes.form()
         self._holder = controls.control(HOLDER).centre
-        self._amount = controls.control("txtAmount").centre
-        self._shown = controls.watch((*EMPTY_AT_FIRST, HOLDER, "txtAmount", "txtCardNumber"))
+        self._shown = controls.watch((*EMPTY_AT_FIRST, HOLDER, AMOUNT, "txtCardNumber"))
         self._count = 0
 
     def swipe(self):
-        """Swipes a card into the card holder's box and waits for its number."""
+        """Swipes a card into the card holder's box; the form goes on to the amount by itself."""
         self._focus(HOLDER, self._holder)
         self._reader.send(BURST, PACE)
         until("the swiped card", self._is_new_entry)
@@ -45,19 +44,16 @@ class Clerk:
 
     def _is_new_entry(self):
         """What was approved before has gone, and the card is there."""
-        texts, _ = self._shown()
-        return texts["txtCardNumber"] and not any(texts[name] for name in EMPTY_AT_FIRST)
+        texts, caret = self._shown()
+        return texts["txtCardNumber"] and caret == AMOUNT and not any(texts[name] for name in EMPTY_AT_FIRST)
 
     def fill(self):
         """Swipes a card and keys an amount that was not charged before."""
         self.swipe()
         self._count += 1
         amount = f"{10 + self._count / 100:.2f}"
-        self._focus("txtAmount", self._amount)
-        self._screen.press("Home")
-        self._screen.press("End", "Shift_L")
         self._reader.send(amount)
-        until("the amount", lambda: amount in self._shown()[0]["txtAmount"])
+        until("the amount", lambda: amount in self._shown()[0][AMOUNT])
 
     def submit(self):
         """Submits; the moments of the key and of the painted answer, and the box."""
@@ -100,14 +96,17 @@ class Submissions:
         answer to the stored payment and to the box."""
         self._clerk.fill()
         pressed, shown, box = self._clerk.submit()
-        answered, _ = until("the processor's answer", lambda: self._watch.moment(
-            LEDGER, watch.WRITTEN, pressed))
-        stored, _ = until("the stored payment", lambda: self._watch.moment(
-            STORE_JOURNAL, watch.DELETED, pressed))
+        answered = self._last(LEDGER, watch.WRITTEN, pressed)
+        stored = self._last(STORE_JOURNAL, watch.CHANGED, pressed)
         self._clerk.dismiss(box)
         return {"answer": (answered - pressed) * 1000, "box": (shown - pressed) * 1000,
                 "stored beyond": (stored - answered) * 1000,
                 "box beyond": (shown - answered) * 1000}
+
+    def _last(self, name, kind, since):
+        """When that happened to a file for the last time; the box says that it is over."""
+        moments, _ = until(name, lambda: self._watch.moments(name, kind, since))
+        return max(moments)
 
     def flushes(self, program):
         """The flushes of one payment, by the name of the file."""

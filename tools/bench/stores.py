@@ -57,10 +57,10 @@ class Stores:
         return result
 
     def _commit(self, since):
-        """From the store's journal on the disk to its end (ms)."""
-        ended, _ = until("the stored payment", lambda: self._books.moment(
-            sale.STORE_JOURNAL, watch.DELETED, since))
-        return (ended - self._books.moment(sale.STORE_JOURNAL, watch.MADE, since)) * 1000
+        """From the first to the last change of the store's journal (ms)."""
+        moments, _ = until("the stored payment", lambda: self._books.moments(
+            sale.STORE_JOURNAL, watch.CHANGED, since))
+        return (max(moments) - min(moments)) * 1000
 
     def _search(self, size):
         """One payment looked up by its number, through the host data server (ms)."""
@@ -73,9 +73,9 @@ class Stores:
         self._shop.screen.press("r", "Alt_L")
         self._shop.eyes.await_menu()
         begun = self._shop.screen.press("r")
-        moment, _ = until("the document", lambda: self._printed.moment(
+        moments, _ = until("the document", lambda: self._printed.moments(
             None, watch.WRITTEN, begun))
-        return (moment - begun) * 1000
+        return (min(moments) - begun) * 1000
 
     def _kept(self, size):
         return self._shop.store_folder / f"{size}.db"

@@ -1,4 +1,4 @@
-"""Notes when the files of a folder are written to their end or deleted."""
+"""Notes when the files of a folder change and when they are written to their end."""
 
 import ctypes
 import os
@@ -6,7 +6,7 @@ import struct
 import threading
 import time
 
-WRITTEN, MADE, DELETED = 0x8, 0x100, 0x200
+CHANGED, WRITTEN = 0x2, 0x8
 HEADER = struct.Struct("iIII")
 
 
@@ -17,7 +17,7 @@ class FolderWatch:
         system = ctypes.CDLL(None, use_errno=True)
         self._file = system.inotify_init1(0)
         for folder in folders:
-            if system.inotify_add_watch(self._file, os.fsencode(folder), WRITTEN | MADE | DELETED) < 0:
+            if system.inotify_add_watch(self._file, os.fsencode(folder), CHANGED | WRITTEN) < 0:
                 raise OSError(ctypes.get_errno(), f"{folder} cannot be watched")
         self._events = []
         threading.Thread(target=self._note, daemon=True).start()
@@ -28,10 +28,10 @@ class FolderWatch:
     def __exit__(self, *unused):
         self._file = None
 
-    def moment(self, name, kind, since):
-        """When that last happened to a file, or to any, after a moment; None when it has not."""
-        return max((when for when, what, whom in list(self._events)
-                    if name in (whom, None) and what & kind and when >= since), default=None)
+    def moments(self, name, kind, since):
+        """When that happened to a file, or to any, after a moment."""
+        return [when for when, what, whom in list(self._events)
+                if name in (whom, None) and what & kind and when >= since]
 
     def _note(self):
         number = self._file
