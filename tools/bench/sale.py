@@ -11,7 +11,7 @@ import watch
 from screen import until
 
 BURST = "%B4012888888881881^SMITH/JOHN^2912101000000?\r;4012888888881881=29121010000000000?\r"
-SWIPES = 5
+SWIPES = 8
 PACE = 1  # ms between two characters
 REST = 0.4
 APPROVED = "Approved"
