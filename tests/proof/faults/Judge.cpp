@@ -34,11 +34,11 @@ bool tellsOfTheDesktop(const Call& call, const Message& box) {
     switch (call.callee) {
     case Callee::boxes: return says("7, Planned failure");
     case Callee::locale:
-        return says("Error: 5, The decimal sign cannot be read") ||
-               says("Error: 13, Type mismatch");
+        return says("5, The decimal sign cannot be read") || says("Error: 13, Type mismatch");
     case Callee::controls:
         return says("7, Planned failure") || says("Error: 381, Invalid property array index") ||
-               box.title == "Invalid Field" || box.title == "Required Field Missing";
+               box.title == "Invalid Field" || box.title == "Required Field Missing" ||
+               box.title == "Card Security Code Not Entered";
     default: return false;
     }
 }
