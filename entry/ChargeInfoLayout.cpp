@@ -91,6 +91,14 @@ constexpr ControlDescription hidden(ControlDescription control) {
     return control;
 }
 
+/// Holds a card's track. It is not only hidden: the system lays out the text of a hidden box too,
+/// and leaves copies of its parts about, but of a masked box only the bullets.
+constexpr ControlDescription trackBox(std::string_view name) {
+    ControlDescription box = hidden(entryBox(textBox, name, {0, 0, 10, 10}));
+    box.masked = true;
+    return box;
+}
+
 /// Never refused by the field that the operator leaves: the way out stays open.
 constexpr ControlDescription unvalidated(ControlDescription control) {
     control.causesValidation = false;
@@ -191,8 +199,8 @@ constexpr std::array kControls{
                      "Change the gateway or its settings"),
            kNoFocus),
 
-    hidden(entryBox(textBox, "txtMagStripe", {0, 0, 10, 10})),
-    hidden(entryBox(textBox, "txtKbBuffer", {0, 0, 10, 10})),
+    trackBox("txtMagStripe"),
+    trackBox("txtKbBuffer"),
     hidden(captioned(label, "lblStateName", {},
                      {kRight + 60, kStateTop - kStateNameHeight, 190, kStateNameHeight})),
     ControlDescription{.kind = timer, .name = "tmrDisplay", .interval = 3000},

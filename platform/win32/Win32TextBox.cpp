@@ -58,11 +58,15 @@ void wipeStackBelow() {
 } // namespace
 
 Win32TextBox::Win32TextBox(FormCore& form, const ControlDescription& description)
-    : ControlOf(form, description) {
+    : ControlOf(form, description), isMasked_(description.masked) {
     const DWORD style = WS_TABSTOP | ES_AUTOHSCROLL |
                         (description.rightAligned ? static_cast<DWORD>(ES_RIGHT) : 0) |
                         (description.masked ? static_cast<DWORD>(ES_PASSWORD) : 0);
     createWindow("EDIT", std::string(description.caption).c_str(), style, WS_EX_CLIENTEDGE);
+    // A buffer that grows leaves its old bytes in freed memory: it is large from the start.
+    native(WM_SETTEXT, 0, ClosedText(std::string(description.masked ? 640 : 64, 'x')).argument());
+    native(WM_SETTEXT, 0, ClosedText(std::string(description.caption)).argument());
+    native(EM_EMPTYUNDOBUFFER, 0, 0);
     // The length of what is typed is watched by insertTyped.
     native(EM_SETLIMITTEXT, kDefaultMaxLength, 0);
 }
@@ -82,7 +86,33 @@ std::string Win32TextBox::text() const {
 }
 
 void Win32TextBox::setText(std::string_view text) {
-    send(WM_SETTEXT, 0, ClosedText(text).argument());
+    if (isMasked_) {
+        setInPieces(text);
+    } else {
+        send(WM_SETTEXT, 0, ClosedText(text).argument());
+    }
+}
+
+void Win32TextBox::setInPieces(std::string_view text) {
+    const SecretText before = secretText();
+    if (before.view() == text) {
+        return;
+    }
+    std::size_t at = before.size();
+    if (!text.starts_with(before.view())) {
+        overwriteText();
+        at = 0;
+    }
+    // What the system keeps of a piece in freed memory tells nothing.
+    constexpr std::size_t longestPiece = 4;
+    while (at < text.size()) {
+        const std::string_view piece = text.substr(at, longestPiece);
+        native(EM_SETSEL, at, static_cast<LPARAM>(at));
+        native(EM_REPLACESEL, FALSE, ClosedText(piece).argument());
+        at += piece.size();
+    }
+    native(EM_SETSEL, 0, 0);
+    raise(on.change);
 }
 
 LRESULT Win32TextBox::edited(UINT message, WPARAM first, LPARAM second) {
@@ -107,6 +137,15 @@ void Win32TextBox::wipeText() {
     if (length == 0 && native(EM_CANUNDO, 0, 0) == 0) {
         return;
     }
+    overwriteText();
+    wipeFreedMemory();
+    if (length > 0) {
+        raise(on.change);
+    }
+}
+
+void Win32TextBox::overwriteText() {
+    const auto length = static_cast<std::size_t>(native(WM_GETTEXTLENGTH, 0, 0));
     // One character at a time: a longer change would hand the text itself to the undo buffer, and a
     // buffer that has to grow leaves its old bytes in freed memory.
     for (std::size_t at = 0; at < length; ++at) {
@@ -125,10 +164,6 @@ void Win32TextBox::wipeText() {
     // Through a pointer, so that it is called and not inlined: its frame has to lie below this one.
     void (*const volatile wipe)() = &wipeStackBelow;
     wipe();
-    wipeFreedMemory();
-    if (length > 0) {
-        raise(on.change);
-    }
 }
 
 int Win32TextBox::selStart() const {

@@ -9,6 +9,7 @@ from harness.counter import FAILED
 FIRST, SECOND = (Card(number=number) for number in cards.OTHER_NUMBERS)
 DELETIONS = (("Home", "shift+End", "Delete"), ("End", *["BackSpace"] * 16),
              ("Home", "shift+End", "7", "BackSpace"))
+BOXES = ("txtCardNumber", "txtCardCode", "txtMagStripe", "txtKbBuffer")
 SECRETS = (CARD.number, ISSUER_DIGITS, FIRST.number, SECOND.number)
 
 
@@ -36,9 +37,11 @@ class Memory:
 
 
 @pytest.fixture
-def held(open_counter, prefix):
-    """The memory of the program at an open counter; no card was there yet."""
+def held(till, open_counter, prefix):
+    """The memory of the program at an open counter; no card was there yet, and nobody reads one
+    off the form, since whoever does makes the program copy it."""
     del open_counter
+    till.look_away(*BOXES)
     looker = Memory(prefix)
     looker.holds_only()
     return looker

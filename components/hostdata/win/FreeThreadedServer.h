@@ -6,8 +6,8 @@
 
 namespace tollvane::hostdata {
 
-// Offers the classes until the last object and lock are gone, withdraws them, calls atRest, and goes
-// on serving those who found the server just before, until none of them has come for a while.
+// Offers the classes until the last object and lock are gone, withdraws them, calls atRest, and
+// goes on serving those who found the server just before, until none of them has come for a while.
 // Raises ComponentError.
 void runFreeThreaded(const com::ServerClasses& server, void (*atRest)());
 

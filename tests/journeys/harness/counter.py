@@ -103,8 +103,9 @@ class Counter:
         for track in (first, second):
             self.till.display.type(track, delay=1)
             self.till.display.press("Return")
+        shown = (card.number, "*" * len(card.number))
         self.till.wait("the swiped card",
-                       lambda: self.till.control("txtCardNumber", form).text == card.number,
+                       lambda: self.till.control("txtCardNumber", form).text in shown,
                        otherwise=lambda: self.till.control("txtCardNumber", form).text)
 
     def fill_address(self):

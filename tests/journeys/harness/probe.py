@@ -40,7 +40,7 @@ class Window(Control):
 
     def controls(self):
         """All descendants, in the order of their creation."""
-        return [Control(facts) for facts in self._probe.ask(f"controls {self['hwnd']}")]
+        return [Control(facts) for facts in self._probe.controls(self["hwnd"])]
 
     def control(self, name):
         """The control of that name, or else of that caption or whole text; None when absent."""
@@ -93,6 +93,8 @@ class Probe:
     def __init__(self, prefix):
         self._prefix = prefix
         self._process = None
+        # Names of controls whose text nobody wants to read: stars are told in its place.
+        self.unread = ()
 
     def ask(self, question):
         """The probe's answer to one question."""
@@ -110,6 +112,10 @@ class Probe:
     def windows(self):
         """The visible top-level windows, topmost first."""
         return [Window(facts, self) for facts in self.ask("windows")]
+
+    def controls(self, window):
+        """What is known of all descendants of a window."""
+        return self.ask(" ".join(["controls", str(window), *self.unread]))
 
     def counts(self, process):
         """How many handles, GDI objects and windows a process of the desktop holds."""

@@ -30,6 +30,11 @@ class Till:
         self._probe.close()
         self.prefix.stop()
 
+    def look_away(self, *names):
+        """From now on shows no more of the texts of these controls than how long they are; to
+        answer whoever reads a text, the program must copy it."""
+        self._probe.unread = names
+
     @staticmethod
     def wait(what, question, otherwise=None):
         """Waits until the question is answered with yes."""

@@ -76,6 +76,11 @@ std::wstring textOf(HWND window) {
     return {buffer.data(), std::min(static_cast<std::size_t>(*copied), buffer.size() - 1)};
 }
 
+std::wstring starsOf(HWND window) {
+    const auto length = ask(window, WM_GETTEXTLENGTH).value_or(0);
+    return std::wstring(static_cast<std::size_t>(std::max<LRESULT>(length, 0)), L'*');
+}
+
 std::wstring controlNameOf(HWND window) {
     static const UINT getControlName = RegisterWindowMessageW(L"WM_GETCONTROLNAME");
     const RemoteBuffer buffer(window);

@@ -13,6 +13,10 @@ std::optional<LRESULT> ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM 
 /// The window's text, also of an edit control of another process.
 std::wstring textOf(HWND window);
 
+/// As many stars as the window's text has characters. The text itself is not asked for: to answer,
+/// the program would have to copy it.
+std::wstring starsOf(HWND window);
+
 /// The name that the program gave the control, by the WM_GETCONTROLNAME message; may be empty.
 std::wstring controlNameOf(HWND window);
 

@@ -31,11 +31,12 @@ void writeRectangle(JsonWriter& json, HWND window) {
     json.endArray();
 }
 
-void writeCommon(JsonWriter& json, HWND window) {
+void writeCommon(JsonWriter& json, HWND window, const std::set<std::wstring>& unread = {}) {
     json.member("hwnd", numberOf(window));
     json.member<std::wstring_view>("class", classOf(window));
-    json.member<std::wstring_view>("name", controlNameOf(window));
-    json.member<std::wstring_view>("text", textOf(window));
+    const std::wstring name = controlNameOf(window);
+    json.member<std::wstring_view>("name", name);
+    json.member<std::wstring_view>("text", unread.contains(name) ? starsOf(window) : textOf(window));
     json.member("enabled", IsWindowEnabled(window) != FALSE);
     json.member("visible", IsWindowVisible(window) != FALSE);
     writeRectangle(json, window);
@@ -63,6 +64,7 @@ BOOL CALLBACK writeTopLevel(HWND window, LPARAM parameter) {
 struct ControlWalk {
     JsonWriter& json;
     HWND focused;
+    const std::set<std::wstring>& unread;
 };
 
 HWND focusOf(HWND window) {
@@ -92,7 +94,7 @@ BOOL CALLBACK writeControl(HWND window, LPARAM parameter) {
     auto& walk = *reinterpret_cast<ControlWalk*>(parameter);
     const std::wstring className = classOf(window);
     walk.json.beginObject();
-    writeCommon(walk.json, window);
+    writeCommon(walk.json, window, walk.unread);
     walk.json.member("id", static_cast<long long>(GetDlgCtrlID(window)));
     walk.json.member("parent", numberOf(GetParent(window)));
     walk.json.member("focused", window == walk.focused);
@@ -122,8 +124,8 @@ void writeWindows(JsonWriter& json) {
     json.endArray();
 }
 
-void writeControls(JsonWriter& json, HWND window) {
-    ControlWalk walk{json, focusOf(window)};
+void writeControls(JsonWriter& json, HWND window, const std::set<std::wstring>& unread) {
+    ControlWalk walk{json, focusOf(window), unread};
     json.beginArray();
     EnumChildWindows(window, writeControl, reinterpret_cast<LPARAM>(&walk));
     json.endArray();

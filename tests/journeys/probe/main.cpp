@@ -1,5 +1,6 @@
 // Answers questions about the desktop, one JSON line for each line of standard input:
-//   windows | controls HWND | texts HWND... | lock KEY | counts PROCESS
+//   windows | controls HWND NAME... | texts HWND... | lock KEY | counts PROCESS
+// The names are those of controls of which nobody wants to read the text.
 // With arguments it answers that one question and ends.
 #include "tests/journeys/probe/Access.h"
 #include "tests/journeys/probe/Counts.h"
@@ -7,6 +8,7 @@
 #include "tests/journeys/probe/WindowTree.h"
 
 #include <iostream>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -21,6 +23,14 @@ std::vector<HWND> handlesIn(std::istringstream& words) {
         handles.push_back(reinterpret_cast<HWND>(static_cast<LONG_PTR>(number)));
     }
     return handles;
+}
+
+std::set<std::wstring> namesIn(std::istringstream& words) {
+    std::set<std::wstring> names;
+    for (std::string name; words >> name;) {
+        names.emplace(name.begin(), name.end());
+    }
+    return names;
 }
 
 std::string answer(const std::string& question) {
@@ -43,10 +53,11 @@ std::string answer(const std::string& question) {
         return json.text();
     }
     const std::vector<HWND> windows = handlesIn(words);
+    words.clear();
     if (verb == "windows") {
         tollvane::probe::writeWindows(json);
     } else if (verb == "controls") {
-        tollvane::probe::writeControls(json, windows.empty() ? nullptr : windows.front());
+        tollvane::probe::writeControls(json, windows.empty() ? nullptr : windows.front(), namesIn(words));
     } else if (verb == "texts") {
         tollvane::probe::writeTexts(json, windows);
     } else {
