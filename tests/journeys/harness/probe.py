@@ -40,18 +40,21 @@ class Window(Control):
 
     def controls(self):
         """All descendants, in the order of their creation."""
-        return [Control(facts) for facts in self._probe.controls(self["hwnd"])]
+        return [Control(facts) for facts in self._probe.ask(f"controls {self['hwnd']}")]
 
     def control(self, name):
         """The control of that name, or else of that caption or whole text; None when absent."""
-        there = self.controls()
-        for control in there:
-            if control["name"] == name:
-                return control
-        for control in there:
+        named = self._probe.ask(f"control {self['hwnd']} {name}")
+        if named:
+            return Control(named[0])
+        for control in self.controls():
             if name in (control.caption, control["text"]):
                 return control
         return None
+
+    def focused(self):
+        """The name of the control that has the caret; empty when it is none with a name."""
+        return self._probe.ask(f"focused {self['hwnd']}")
 
     def watch(self, names):
         """A quick look at some of the controls, again and again: a function that tells what they
@@ -93,8 +96,6 @@ class Probe:
     def __init__(self, prefix):
         self._prefix = prefix
         self._process = None
-        # Names of controls whose text nobody wants to read: stars are told in its place.
-        self.unread = ()
 
     def ask(self, question):
         """The probe's answer to one question."""
@@ -113,9 +114,9 @@ class Probe:
         """The visible top-level windows, topmost first."""
         return [Window(facts, self) for facts in self.ask("windows")]
 
-    def controls(self, window):
-        """What is known of all descendants of a window."""
-        return self.ask(" ".join(["controls", str(window), *self.unread]))
+    def look_away(self, names):
+        """Tells stars in the place of the texts of these controls from now on."""
+        self.ask(" ".join(["unread", *names]))
 
     def counts(self, process):
         """How many handles, GDI objects and windows a process of the desktop holds."""

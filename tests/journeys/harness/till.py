@@ -33,7 +33,7 @@ class Till:
     def look_away(self, *names):
         """From now on shows no more of the texts of these controls than how long they are; to
         answer whoever reads a text, the program must copy it."""
-        self._probe.unread = names
+        self._probe.look_away(names)
 
     @staticmethod
     def wait(what, question, otherwise=None):
@@ -97,12 +97,13 @@ class Till:
 
     def focused(self):
         """The name of the control that has the caret."""
-        return next((c.name for c in self.front().controls() if c.focused), None)
+        return self.front().focused() or None
 
     def option(self):
         """The caption of the transaction type that is selected."""
-        return next(c.caption for c in self.form().controls()
-                    if c.name.startswith("optTransType") and c.checked)
+        form = self.form()
+        types = (form.control(f"optTransType({index})") for index in range(3))
+        return next(option.caption for option in types if option.checked)
 
     def picture(self, name):
         """Keeps the whole display as a PNG."""

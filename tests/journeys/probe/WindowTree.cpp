@@ -2,6 +2,7 @@
 
 #include "tests/journeys/probe/Remote.h"
 
+#include <optional>
 #include <string>
 
 #include <commctrl.h>
@@ -31,12 +32,12 @@ void writeRectangle(JsonWriter& json, HWND window) {
     json.endArray();
 }
 
-void writeCommon(JsonWriter& json, HWND window, const std::set<std::wstring>& unread = {}) {
+void writeCommon(JsonWriter& json, HWND window, const std::wstring& name,
+                 const std::wstring& text) {
     json.member("hwnd", numberOf(window));
     json.member<std::wstring_view>("class", classOf(window));
-    const std::wstring name = controlNameOf(window);
     json.member<std::wstring_view>("name", name);
-    json.member<std::wstring_view>("text", unread.contains(name) ? starsOf(window) : textOf(window));
+    json.member<std::wstring_view>("text", text);
     json.member("enabled", IsWindowEnabled(window) != FALSE);
     json.member("visible", IsWindowVisible(window) != FALSE);
     writeRectangle(json, window);
@@ -50,7 +51,7 @@ BOOL CALLBACK writeTopLevel(HWND window, LPARAM parameter) {
     DWORD processId = 0;
     GetWindowThreadProcessId(window, &processId);
     json.beginObject();
-    writeCommon(json, window);
+    writeCommon(json, window, controlNameOf(window), textOf(window));
     json.member("pid", static_cast<long long>(processId));
     json.member("owner", numberOf(GetWindow(window, GW_OWNER)));
     json.member("foreground", GetForegroundWindow() == window);
@@ -64,7 +65,8 @@ BOOL CALLBACK writeTopLevel(HWND window, LPARAM parameter) {
 struct ControlWalk {
     JsonWriter& json;
     HWND focused;
-    const std::set<std::wstring>& unread;
+    const Look& look;
+    std::optional<std::wstring_view> wanted;
 };
 
 HWND focusOf(HWND window) {
@@ -92,9 +94,14 @@ void writeStatusBar(JsonWriter& json, HWND window) {
 
 BOOL CALLBACK writeControl(HWND window, LPARAM parameter) {
     auto& walk = *reinterpret_cast<ControlWalk*>(parameter);
+    const std::wstring& name = walk.look.names.of(window);
+    if (walk.wanted && name != *walk.wanted) {
+        return TRUE;
+    }
     const std::wstring className = classOf(window);
     walk.json.beginObject();
-    writeCommon(walk.json, window, walk.unread);
+    writeCommon(walk.json, window, name,
+                walk.look.unread.contains(name) ? starsOf(window) : textOf(window));
     walk.json.member("id", static_cast<long long>(GetDlgCtrlID(window)));
     walk.json.member("parent", numberOf(GetParent(window)));
     walk.json.member("focused", window == walk.focused);
@@ -116,6 +123,12 @@ BOOL CALLBACK writeControl(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
+void writeWanted(JsonWriter& json, HWND window, ControlWalk walk) {
+    json.beginArray();
+    EnumChildWindows(window, writeControl, reinterpret_cast<LPARAM>(&walk));
+    json.endArray();
+}
+
 } // namespace
 
 void writeWindows(JsonWriter& json) {
@@ -124,11 +137,17 @@ void writeWindows(JsonWriter& json) {
     json.endArray();
 }
 
-void writeControls(JsonWriter& json, HWND window, const std::set<std::wstring>& unread) {
-    ControlWalk walk{json, focusOf(window), unread};
-    json.beginArray();
-    EnumChildWindows(window, writeControl, reinterpret_cast<LPARAM>(&walk));
-    json.endArray();
+void writeControls(JsonWriter& json, HWND window, const Look& look) {
+    writeWanted(json, window, {json, focusOf(window), look, std::nullopt});
+}
+
+void writeControlsNamed(JsonWriter& json, HWND window, std::wstring_view name, const Look& look) {
+    writeWanted(json, window, {json, focusOf(window), look, name});
+}
+
+void writeFocused(JsonWriter& json, HWND window, Names& names) {
+    const HWND focused = focusOf(window);
+    json.value(std::wstring_view(focused != nullptr ? names.of(focused) : std::wstring()));
 }
 
 void writeTexts(JsonWriter& json, const std::vector<HWND>& controls) {

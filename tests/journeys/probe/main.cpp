@@ -1,6 +1,7 @@
 // Answers questions about the desktop, one JSON line for each line of standard input:
-//   windows | controls HWND NAME... | texts HWND... | lock KEY | counts PROCESS
-// The names are those of controls of which nobody wants to read the text.
+//   windows | controls HWND | control HWND NAME | focused HWND
+//   texts HWND... | unread NAME... | lock KEY | counts PROCESS
+// "unread" names the controls of which nobody wants to read the text from now on.
 // With arguments it answers that one question and ends.
 #include "tests/journeys/probe/Access.h"
 #include "tests/journeys/probe/Counts.h"
@@ -8,14 +9,13 @@
 #include "tests/journeys/probe/WindowTree.h"
 
 #include <iostream>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 namespace {
 
-using tollvane::probe::JsonWriter;
+using namespace tollvane::probe;
 
 std::vector<HWND> handlesIn(std::istringstream& words) {
     std::vector<HWND> handles;
@@ -25,65 +25,86 @@ std::vector<HWND> handlesIn(std::istringstream& words) {
     return handles;
 }
 
-std::set<std::wstring> namesIn(std::istringstream& words) {
-    std::set<std::wstring> names;
-    for (std::string name; words >> name;) {
-        names.emplace(name.begin(), name.end());
-    }
-    return names;
+HWND handleIn(std::istringstream& words) {
+    long long number = 0;
+    words >> number;
+    return reinterpret_cast<HWND>(static_cast<LONG_PTR>(number));
 }
 
-std::string answer(const std::string& question) {
-    std::istringstream words(question);
-    std::string verb;
-    words >> verb;
-    JsonWriter json;
-    if (verb == "lock") {
-        std::string key;
-        std::getline(words >> std::ws, key);
-        json.beginObject();
-        json.member("error", static_cast<long long>(tollvane::probe::lockKey(key)));
-        json.endObject();
-        return json.text();
-    }
-    if (verb == "counts") {
-        DWORD processId = 0;
-        words >> processId;
-        tollvane::probe::writeCounts(json, processId);
-        return json.text();
-    }
-    const std::vector<HWND> windows = handlesIn(words);
-    words.clear();
-    if (verb == "windows") {
-        tollvane::probe::writeWindows(json);
-    } else if (verb == "controls") {
-        tollvane::probe::writeControls(json, windows.empty() ? nullptr : windows.front(), namesIn(words));
-    } else if (verb == "texts") {
-        tollvane::probe::writeTexts(json, windows);
-    } else {
-        json.beginObject();
-        json.member("error", std::wstring_view(L"unknown question"));
-        json.endObject();
-    }
-    return json.text();
+std::string restOf(std::istringstream& words) {
+    std::string rest;
+    std::getline(words >> std::ws, rest);
+    return rest;
 }
+
+/// Names of controls are plain ASCII.
+std::wstring widened(const std::string& name) {
+    return {name.begin(), name.end()};
+}
+
+/// One talk: what was told once is remembered to its end.
+class Talk {
+public:
+    std::string answer(const std::string& question) {
+        std::istringstream words(question);
+        std::string verb;
+        words >> verb;
+        JsonWriter json;
+        if (verb == "windows") {
+            writeWindows(json);
+        } else if (verb == "controls") {
+            writeControls(json, handleIn(words), look_);
+        } else if (verb == "control") {
+            const HWND window = handleIn(words);
+            writeControlsNamed(json, window, widened(restOf(words)), look_);
+        } else if (verb == "focused") {
+            writeFocused(json, handleIn(words), names_);
+        } else if (verb == "texts") {
+            writeTexts(json, handlesIn(words));
+        } else if (verb == "unread") {
+            look_.unread.clear();
+            for (std::string name; words >> name;) {
+                look_.unread.insert(widened(name));
+            }
+            json.value(true);
+        } else if (verb == "lock") {
+            json.beginObject();
+            json.member("error", static_cast<long long>(lockKey(restOf(words))));
+            json.endObject();
+        } else if (verb == "counts") {
+            DWORD process = 0;
+            words >> process;
+            writeCounts(json, process);
+        } else {
+            json.beginObject();
+            json.member("error", std::wstring_view(L"unknown question"));
+            json.endObject();
+        }
+        return json.text();
+    }
+
+private:
+    Names names_;
+    Look look_{names_, {}};
+};
 
 } // namespace
 
 int main(int count, char** arguments) {
     SetProcessDPIAware();
+    Talk talk;
     if (count > 1) {
         std::string question;
         for (int i = 1; i < count; ++i) {
             question += arguments[i];
             question += ' ';
         }
-        std::cout << answer(question) << '\n';
+        std::cout << talk.answer(question) << '\n';
         return 0;
     }
     std::string question;
     while (std::getline(std::cin, question)) {
-        std::cout << answer(question) << std::endl;
+        std::cout << talk.answer(question) << std::endl;
     }
     return 0;
 }
