@@ -74,6 +74,7 @@ void ChargeInfo::SetTransactionApproved(bool approved) {
 
 void ChargeInfo::ClearText() {
     clearEntry(desktop_, controls_);
+    swipe_.forget();
     money_.recolour();
     swipeRecord_.fill(' ');
     SetTransactionApproved(false);

@@ -135,6 +135,7 @@ void ChargeInfo::recordApproval() {
     // No longer needed by anybody; the number itself stays to be seen until the next entry.
     controls_.txtMagStripe.wipeText();
     controls_.txtCardCode.wipeText();
+    swipe_.forget();
     approvalDetail_ = textLine("Aproval code:", approval) +
                       textLine("Transaction ID:", transactionId) + charge.ResponseReasonText();
     WriteZendaRecord();

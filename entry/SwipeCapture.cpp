@@ -161,6 +161,12 @@ void SwipeCapture::bufferTimeIsOver() {
     apply(buffer_.timeIsOver(keys.view(), parser_.reading()));
 }
 
+void SwipeCapture::forget() {
+    if (!inBurst()) {
+        controls_.txtKbBuffer.wipeText();
+    }
+}
+
 void SwipeCapture::apply(const KeyboardBuffer::Answer& answer) {
     if (answer.text) {
         TextBox& box = controls_.txtKbBuffer;

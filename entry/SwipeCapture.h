@@ -45,6 +45,10 @@ public:
     /// `txtKbBuffer` has kept its text for long enough.
     void bufferTimeIsOver();
 
+    /// The entry is over: what the reader sent behind its track 1 goes with it. A record that is
+    /// being read stays.
+    void forget();
+
     /// A reader may still be sending.
     bool inBurst() const { return parser_.reading() || following_.inBurst(); }
     /// The form's last key that belongs to no track.

@@ -173,6 +173,24 @@ TEST_F(CardDataAfterAnApproval, OfASwipedCardIsWithoutItsRecord) {
     EXPECT_EQ(till.text("txtMagStripe"), "");
 }
 
+TEST_F(CardDataAfterAnApproval, HasNoFollowingTrackInTheKeyboardBuffer) {
+    till.enter("txtKbBuffer", ";4111111111111111=27121010000000?");
+    std::string keys = "unread";
+    till.desktop.boxes.whileOpen = [&](const Message&) { keys = till.text("txtKbBuffer"); };
+
+    till.submit();
+
+    EXPECT_EQ(keys, "") << "gone before the operator reads the outcome";
+}
+
+TEST_F(CardDataAfterAnApproval, OfATrackThatFollowedGoesWithAnEntryThatIsCleared) {
+    till.enter("txtKbBuffer", ";4111111111111111=27121010000000?");
+
+    till.program().ClearText();
+
+    EXPECT_EQ(till.text("txtKbBuffer"), "");
+}
+
 TEST_F(CardDataAfterAnApproval, IsKeptAfterADecline) {
     till.desktop.charge.answer(declined(2, 2, "Declined."));
 
