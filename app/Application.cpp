@@ -34,9 +34,7 @@ void Application::start() {
                                     .title = "Application Is Running"});
         return;
     }
-    if (!components_.CreateComponents()) {
-        return;
-    }
+    components_.CreateComponents();
     offerCompanyInformation();
     if (!form_) {
         form_ = std::make_unique<ChargeInfo>(desktop_, components_);

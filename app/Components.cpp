@@ -32,7 +32,7 @@ View& present(std::optional<View>& view) {
 
 } // namespace
 
-bool Components::CreateComponents() {
+void Components::CreateComponents() {
     explained("Error creating Environment object. ", [this] {
         environment_.emplace(desktop_.automation.create(std::string(kEnvironmentProgId)));
     });
@@ -42,23 +42,15 @@ bool Components::CreateComponents() {
             environment_->INIT(commandLine);
         }
     });
-    std::string operatorName;
-    const bool authorized = explained("Authorization error. ", [&] {
-        const bool granted = Authorized(desktop_.automation, *environment_);
-        if (granted) {
-            operatorName = environment_->currentUserName();
-        }
-        return granted;
+    const std::string operatorName = explained("Authorization error. ", [this] {
+        Authorized(desktop_.automation, *environment_); // raises for whom it refuses
+        return environment_->currentUserName();
     });
-    if (!authorized) {
-        return false;
-    }
     explained("Error creating ZendaCard object. ", [this] {
         charge_.emplace(desktop_.automation.create(std::string(kChargeComponentProgId)),
                         desktop_.locale);
     });
     charge_->LogLoggedInUser(operatorName);
-    return true;
 }
 
 void Components::ReleaseComponents() {

@@ -14,9 +14,9 @@ public:
     explicit Components(const Desktop& desktop) : desktop_(desktop) {}
 
     /// Creates the environment component, has the operator authorised and creates the charge
-    /// component. Returns false when the program is to end without a word; raises the error of the
-    /// step that failed, with the step's sentence in front of its description.
-    bool CreateComponents();
+    /// component. Raises the error of the step that failed, with the step's sentence in front of
+    /// its description.
+    void CreateComponents();
 
     /// Frees and drops the charge component, then drops the environment component; both are
     /// dropped even when the charge component fails to free itself, whose error is then raised.

@@ -139,10 +139,26 @@ TEST_F(FieldStates, SettingTheTypeLaysTheFormOutAtOnce) {
 }
 
 TEST_F(FieldStates, UnknownTypeChangesNoField) {
-    till.program().SetTransType(3);
+    for (const int type : {3, -1}) {
+        till.program().SetTransType(type);
 
-    for (const FieldRow& row : kFields) {
-        expectState(till.form().find(row.control), row.charge, row.control);
+        for (const FieldRow& row : kFields) {
+            expectState(till.form().find(row.control), row.charge, row.control);
+        }
+    }
+}
+
+TEST_F(FieldStates, EnablingTheFormWithAnUnknownTypeSelectsNoOther) {
+    for (const int type : {3, -1}) {
+        till.choose(1);
+        till.program().SetTransType(type);
+        till.program().EnableForm(false);
+
+        till.program().EnableForm(true);
+
+        EXPECT_TRUE(till.kind(1).selected()) << type;
+        EXPECT_EQ(till.program().TransType(), type);
+        EXPECT_TRUE(till.button("cmdSubmit").enabled());
     }
 }
 

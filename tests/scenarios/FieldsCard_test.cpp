@@ -51,6 +51,32 @@ TEST_P(FieldsAfterApproval, AKeyWithoutACharacterDoesSoToo) {
     EXPECT_EQ(till.text("txtEMail"), "");
 }
 
+TEST_P(FieldsAfterApproval, KeysThatOnlyAccompanyOthersKeepTheEntry) {
+    constexpr int kShiftControlAlt[] = {16, 17, 18};
+    till.approveCharge();
+    goThere();
+
+    for (int key : kShiftControlAlt) {
+        till.box(GetParam()).on.keyDown(key, 0);
+    }
+
+    EXPECT_TRUE(till.program().TransactionApproved());
+    EXPECT_EQ(till.text("txtCardNumber"), "4111111111111111");
+}
+
+TEST_P(FieldsAfterApproval, TheirNeighboursOnTheKeyboardStartANewEntry) {
+    constexpr int kEnter = 13;
+    constexpr int kPause = 19;
+    for (int key : {kEnter, kPause, 15}) {
+        till.approveCharge();
+        goThere();
+
+        till.box(GetParam()).on.keyDown(key, 0);
+
+        EXPECT_FALSE(till.program().TransactionApproved()) << key;
+    }
+}
+
 TEST_P(FieldsAfterApproval, BeforeAnApprovalKeysKeepTheEntry) {
     till.fillCharge();
     goThere();
@@ -217,6 +243,17 @@ TEST_F(FieldsCard, WithoutAYearTheMonthIsOfThisYear) {
     till.desktop.robot->chooseItem(till.form(), "cboExpMonth", 4);
 
     EXPECT_EQ(till.held("ExpirationDate"), "2026-5-1");
+}
+
+TEST_F(FieldsCard, WithoutAMonthTheFirstOneIsTaken) {
+    till.enterExpiry(5, 2029);
+    till.list("cboExpMonth").setListIndex(-1);
+
+    till.list("cboExpMonth").on.click();
+
+    EXPECT_EQ(till.list("cboExpMonth").listIndex(), 0);
+    EXPECT_EQ(till.held("ExpirationDate"), "2029-1-1");
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
 }
 
 TEST_F(FieldsCard, ChoosingAYearTellsTheComponentTheFirstOfTheMonth) {

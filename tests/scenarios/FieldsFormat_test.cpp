@@ -115,6 +115,13 @@ TEST_F(FieldsFormat, DecimalNumberWithoutANumberOfPlacesTakesNone) {
     EXPECT_EQ(typed("12.34"), "12.");
 }
 
+TEST_F(FieldsFormat, DecimalNumberWithoutAKnownNumberOfPlacesTakesNone) {
+    desk.locale.remove(0x19);
+    enter(formattype::decimalNumber);
+
+    EXPECT_EQ(typed("12.34"), "12.");
+}
+
 TEST_F(FieldsFormat, NothingTakesAStyleBitAway) {
     enter(formattype::lowerCase);
     for (const std::int32_t type :
@@ -148,6 +155,27 @@ TEST_F(FieldsFormat, LeavesABoxThatItIsNoLongerAttachedTo) {
     robot.typeText("a");
 
     EXPECT_EQ(traced.box("txtThird").text(), "a");
+}
+
+TEST_F(FieldsFormat, LeavesPastedTextToABoxThatItIsNoLongerAttachedTo) {
+    AutoFormatTextbox other(desk.locale);
+    other.SetTextBox(traced.box("txtThird"));
+    other.SetTextBox(traced.box("txtSecond"));
+    other.SetFormatType(formattype::digitsOnly);
+    traced.box("txtThird").setFocus();
+
+    robot.paste("a1");
+
+    EXPECT_EQ(traced.box("txtThird").text(), "a1");
+}
+
+TEST_F(FieldsFormat, WithoutABoxKeepsItsType) {
+    AutoFormatTextbox other(desk.locale);
+
+    other.SetFormatType(formattype::upperCase);
+
+    EXPECT_EQ(other.FormatType(), formattype::upperCase);
+    EXPECT_EQ(other.TextBox(), nullptr);
 }
 
 TEST_F(FieldsFormat, RunsBehindTheBoxesOwnHandlers) {

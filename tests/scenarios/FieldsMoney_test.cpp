@@ -41,6 +41,29 @@ TEST_P(FieldsMoney, LeavingABoxWithoutADigitShowsZero) {
     }
 }
 
+TEST_P(FieldsMoney, LeavingABoxWithLettersAloneShowsZero) {
+    for (const char* text : {"abc", "/", ":"}) {
+        enterBox();
+        box().setText(text);
+
+        leaveBox();
+
+        EXPECT_EQ(box().text(), "$0.00") << text;
+        EXPECT_EQ(till.boxes(), std::vector<Message>()) << text;
+    }
+}
+
+TEST_P(FieldsMoney, ADecimalSignOfTwoCharactersIsTypedAsAPoint) {
+    till.desktop.locale.set(localeitem::decimal, "::");
+    till.desktop.locale.set(localeitem::moneyDecimal, "::");
+    enterBox();
+    box().setText("");
+
+    type("1:.5.");
+
+    EXPECT_EQ(box().text(), "1.5");
+}
+
 TEST_P(FieldsMoney, EnteringShowsTheBareNumberSelected) {
     box().setText("$1,234.50");
 

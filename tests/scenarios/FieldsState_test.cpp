@@ -79,6 +79,15 @@ TEST_F(FieldsState, ShowsNothingWhenTheChoiceIsCleared) {
     EXPECT_FALSE(name().visible());
 }
 
+TEST_F(FieldsState, ShowsNothingWithoutAChoice) {
+    states().setListIndex(-1);
+
+    states().on.click();
+
+    EXPECT_FALSE(name().visible());
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+}
+
 TEST_F(FieldsState, ReportsANameThatIsMissing) {
     till.desktop.program.strings.erase(405);
 

@@ -162,6 +162,28 @@ TEST_F(FieldsTypingByHand, APercentSignOnAButtonIsNobodys) {
     EXPECT_TRUE(till.operations().empty());
 }
 
+TEST_F(FieldsTypingByHand, AKeyWithoutACharacterLeavesWhatIsHeldBack) {
+    goTo("txtDescription");
+    type("10%");
+    int noCharacter = 0;
+
+    till.form().on.keyPress(noCharacter);
+
+    EXPECT_EQ(till.text("txtKbBuffer"), "%");
+    type("x");
+    EXPECT_EQ(till.text("txtDescription"), "10%x");
+}
+
+TEST_F(FieldsTypingByHand, AnEmptyBufferStopsItsTimer) {
+    Timer& timer = till.form().control<Timer>("tmrKbBuffer");
+    ASSERT_EQ(till.text("txtKbBuffer"), "");
+    timer.setEnabled(true);
+
+    till.desktop.robot->letTimePass(timer.interval() + 100);
+
+    EXPECT_FALSE(timer.enabled());
+}
+
 TEST_F(FieldsTypingByHand, AProperCaseFieldTakesAPercentSignAsAnyOtherCharacter) {
     till.desktop.registry.addNumber(
         "HKEY_LOCAL_MACHINE\\Software\\Norrow Programs\\Tollvane\\Options", "FormatType", 3);

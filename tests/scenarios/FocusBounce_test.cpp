@@ -53,6 +53,17 @@ TEST_F(FocusBounce, FollowsTheTagAndNotTheControl) {
     EXPECT_EQ(till.focus(), "cmdModify");
 }
 
+TEST_F(FocusBounce, TakesNothingBackWhenNobodyHasTheFocus) {
+    till.button("cmdCancel").setFocus();
+    till.button("cmdCancel").setEnabled(false);
+    ASSERT_EQ(till.focus(), "");
+
+    till.button("cmdSubmit").on.lostFocus();
+
+    EXPECT_EQ(till.focus(), "");
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+}
+
 TEST_F(FocusBounce, LeavesOtherWaysFromTheButtonsFree) {
     till.button("cmdSubmit").setFocus();
 

@@ -191,6 +191,16 @@ TEST_F(ClosingTheForm, CallsNothingOnTheChargeComponentAfterFree) {
     EXPECT_EQ(till.desktop.record.texts("charge.").back(), "charge.Free()");
 }
 
+TEST_F(ClosingTheForm, LeavesTheCaptionAsItIsFromThenOn) {
+    till.press("cmdCancel");
+    till.desktop.record.forget();
+
+    till.form().on.activate();
+
+    EXPECT_EQ(till.desktop.record.texts("charge."), std::vector<std::string>());
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+}
+
 TEST_F(ClosingTheForm, WipesTheCardData) {
     till.fillCharge();
     till.enter("txtMagStripe", "%B4111111111111111^SMITH/JOHN^2712101000000?");

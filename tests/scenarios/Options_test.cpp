@@ -1,5 +1,6 @@
 // The options dialog, opened from the menu.
 
+#include "dialogs/frmOptions.h"
 #include "settings/AppProperties.h"
 #include "tests/scenarios/Till.h"
 
@@ -208,6 +209,32 @@ TEST_F(Options, WithoutAnyFormatStoreTheLastOne) {
     });
 
     EXPECT_EQ(stored().FormatType(), 3);
+}
+
+TEST_F(Options, OfAFormatThatDoesNotExistShowNone) {
+    for (const std::int32_t stranger : {-1, 4}) {
+        stored().SetFormatType(stranger);
+        inDialog([&](Form& form) {
+            for (int format = 0; format < 4; ++format) {
+                EXPECT_FALSE(form.control<OptionButton>("optFormat", format).selected())
+                    << stranger;
+            }
+        });
+    }
+}
+
+TEST_F(Options, AreStoredWithoutAnybodyWhoWantsToKnow) {
+    frmOptions dialog(till.desktop.desktop());
+    till.desktop.robot->planModal([&](Form& form) {
+        till.desktop.robot->click(form, "chkRDescription");
+        EXPECT_TRUE(dialog.SaveProperties());
+        EXPECT_FALSE(dialog.Changed());
+        form.close();
+    });
+
+    dialog.showModal(till.form());
+
+    EXPECT_TRUE(stored().DescriptionRequired());
 }
 
 TEST_F(Options, ChosenFormatShapesWhatIsTypedFromThenOn) {

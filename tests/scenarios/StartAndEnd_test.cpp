@@ -18,7 +18,7 @@ protected:
     bool storesItsPosition(bool skip) {
         const Desktop desktop = till.desktop.desktop();
         Components components(desktop);
-        EXPECT_TRUE(components.CreateComponents());
+        components.CreateComponents();
         EXPECT_FALSE(components.skipPosition) << "it is off unless somebody sets it";
         components.skipPosition = skip;
         ChargeInfo program(desktop, components);
@@ -147,6 +147,33 @@ TEST_F(CreatingTheComponents, KeepsNumberAndSourceOfARefusedCommandLine) {
 TEST_F(CreatingTheComponents, KeepsNumberAndSourceOfAMissingChargeComponent) {
     till.desktop.automation.failNext("ZendaSwiftill.Tollvane", failure());
     expectError("Error creating ZendaCard object. Not today.");
+}
+
+TEST_F(CreatingTheComponents, IsTheOnlyWayToHaveThem) {
+    Components components(till.desktop.desktop());
+    EXPECT_FALSE(components.hasCharge());
+
+    for (const auto& ask : {std::function<void()>([&] { components.charge(); }),
+                            std::function<void()>([&] { components.environment(); })}) {
+        try {
+            ask();
+            ADD_FAILURE() << "nothing was raised";
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), 91);
+        }
+    }
+}
+
+TEST_F(CreatingTheComponents, ThatWasGivenUpHalfwayIsUndoneWithoutTheChargeComponent) {
+    till.desktop.automation.unregister("ZendaSwiftill.Tollvane");
+    Components components(till.desktop.desktop());
+    EXPECT_THROW(components.CreateComponents(), Error);
+    EXPECT_NO_THROW(components.environment());
+
+    components.ReleaseComponents();
+
+    EXPECT_THROW(components.environment(), Error);
+    EXPECT_EQ(till.desktop.charge.freed, 0);
 }
 
 class ReadingTheOperator : public CreatingTheComponents,

@@ -70,6 +70,20 @@ TEST_F(Submission, TickedTelephoneBoxDoesNotTurnARefundIntoACapture) {
     EXPECT_EQ(till.operations(), (std::vector<std::string>{"Credit"}));
 }
 
+TEST_F(Submission, UnknownTypeNeverReachesTheGateway) {
+    for (const int type : {3, -1}) {
+        till.fillCharge();
+        till.program().SetTransType(type);
+
+        till.submit();
+
+        EXPECT_EQ(till.operations(), std::vector<std::string>()) << type;
+        EXPECT_FALSE(till.program().TransactionApproved());
+        EXPECT_EQ(till.boxes().size(), 1U);
+        EXPECT_TRUE(till.desktop.hostData.posted.empty());
+    }
+}
+
 TEST_F(Submission, ApprovalFinishesTheTransaction) {
     till.fillCharge();
 

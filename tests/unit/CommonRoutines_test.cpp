@@ -1,4 +1,5 @@
 #include "app/CommonRoutines.h"
+#include "controls/AutoFormatTextbox.h"
 #include "tests/desktop/FakeFiles.h"
 #include "tests/desktop/FakeLocale.h"
 #include "tests/desktop/FaultPlan.h"
@@ -172,6 +173,19 @@ TEST(DigitsOnly, LeavesABoxAloneWhoseStyleCannotBeRead) {
     box.setWindowStyle(0);
 
     EXPECT_EQ(SetDigitsOnly(box), 0U);
+
+    EXPECT_EQ(box.windowStyle(), 0U);
+}
+
+TEST(FormatTypes, LeaveABoxAloneWhoseStyleCannotBeRead) {
+    TestDesktop desk;
+    TracedForm traced(*desk.forms);
+    TextBox& box = traced.box("txtFirst");
+    AutoFormatTextbox format(desk.locale);
+    format.SetTextBox(box);
+    box.setWindowStyle(0);
+
+    format.SetFormatType(formattype::lowerCase);
 
     EXPECT_EQ(box.windowStyle(), 0U);
 }

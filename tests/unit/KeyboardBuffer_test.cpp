@@ -150,5 +150,23 @@ TEST(KeyboardBuffer, NeverGrowsWithoutLimit) {
     EXPECT_LT(box.text.size(), 1'100U);
 }
 
+TEST(KeyboardBuffer, LeavesAnEmptyBoxAloneWhenItsTimeIsOver) {
+    KeyboardBuffer buffer;
+
+    for (const bool reading : {false, true}) {
+        EXPECT_FALSE(buffer.timeIsOver("", reading).text.has_value());
+    }
+}
+
+TEST(KeyboardBuffer, KeepsExactlyAsMuchAsAReaderCanSend) {
+    Box box;
+    box.type(";" + std::string(1023, 'x'));
+    EXPECT_EQ(box.text.size(), 1024U);
+
+    box.type("x");
+
+    EXPECT_EQ(box.text, "");
+}
+
 } // namespace
 } // namespace tollvane

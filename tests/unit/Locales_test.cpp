@@ -41,7 +41,7 @@ std::vector<Manner> manners() {
         {"NoGroups", localeid::germany, {{moneyGrouping, "0"}, {moneyThousand, ""}}},
         {"BlankGroups", localeid::germany, {{thousand, "\xA0"}, {moneyThousand, "\xA0"}}},
     };
-    for (int order = 0; order < 16; ++order) {
+    for (std::size_t order = 0; order < 16; ++order) {
         static std::vector<std::string> names(16);
         names[order] = "NegativeOrder" + std::to_string(order);
         all.push_back(

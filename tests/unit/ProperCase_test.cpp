@@ -123,6 +123,23 @@ TEST(ProperCase, ALetterTypedAfterMovingTheCaretStaysAsItIs) {
     EXPECT_EQ(box.type("w "), "Elm w St");
 }
 
+TEST(ProperCase, OnlyKeysThatMoveTheCaretAwayFromTheStartEndTheCapital) {
+    constexpr int kPageUp = 33;
+    constexpr int kDown = 40;
+    const auto capitalBehind = [](int key, int start) {
+        ProperCase rules;
+        rules.gotFocus();
+        rules.keyDown({"abc", start, 1}, key);
+        return rules.CapitalizeNext();
+    };
+    for (int key = kPageUp; key <= kDown; ++key) {
+        EXPECT_FALSE(capitalBehind(key, 1)) << key;
+        EXPECT_TRUE(capitalBehind(key, 0)) << key;
+    }
+    EXPECT_TRUE(capitalBehind(kPageUp - 1, 1));
+    EXPECT_TRUE(capitalBehind(kDown + 1, 1));
+}
+
 TEST(ProperCase, APartlySelectedTextTakesTheCharacterAsItIs) {
     Box box;
     box.type("Elm ");
@@ -149,6 +166,26 @@ TEST(ProperCase, LeavesDroppedKeysAlone) {
     rules.keyPress({"", 0, 0}, key);
 
     EXPECT_EQ(key, 0);
+    EXPECT_TRUE(rules.CapitalizeNext());
+}
+
+TEST(ProperCase, LeavesCodesAloneThatAreNoCharacters) {
+    ProperCase rules;
+    rules.gotFocus();
+    int key = 0x161; // the low byte is a small letter
+
+    rules.keyPress({"", 0, 0}, key);
+
+    EXPECT_EQ(key, 0x161);
+}
+
+TEST(ProperCase, TakesTheLastCharacterOfTheCodePageAsAny) {
+    ProperCase rules;
+    rules.keyDown({"abc", 1, 1}, kBackspace);
+    int key = 0xFF;
+
+    rules.keyPress({"abc", 1, 0}, key);
+
     EXPECT_TRUE(rules.CapitalizeNext());
 }
 

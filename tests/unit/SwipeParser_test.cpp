@@ -204,5 +204,27 @@ TEST(SwipeParser, IsReadyForAnythingWhenItCalls) {
               "start pan:4111111111111111 name:JOHN SMITH end:" + std::string(kCard) + " ");
 }
 
+TEST(SwipeParser, TakesALetterBAloneForNoHeader) {
+    for (const std::string before : {"", "B", "%", "4%1"}) {
+        Swiped swipe;
+        swipe.parser.startAt(State::account);
+
+        swipe.type(before + (before == "%" ? "=B" : "B"));
+
+        EXPECT_EQ(swipe.heard, "") << before;
+        EXPECT_NE(swipe.parser.state(), State::pan) << before;
+    }
+}
+
+TEST(SwipeParser, GivesUpBehindTheLongestRecordAndNotBefore) {
+    Swiped swipe;
+    swipe.type("%B" + std::string(4094, '0'));
+    EXPECT_EQ(swipe.parser.state(), State::pan);
+
+    swipe.type("0");
+
+    EXPECT_EQ(swipe.parser.state(), State::idle);
+}
+
 } // namespace
 } // namespace tollvane

@@ -144,5 +144,35 @@ TEST_F(RegistryKeys, AListedValueWithoutBytesIsEmpty) {
     EXPECT_EQ(texts, Texts{""});
 }
 
+/// Names its first sub key with no characters at all.
+class NamelessKeys : public FakeRegistry {
+public:
+    using FakeRegistry::FakeRegistry;
+    long enumKeyEx(RegistryKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
+                   std::uint32_t* reserved, char* className, std::uint32_t* classSize,
+                   RegistryTime* lastWrite) override {
+        const long status = FakeRegistry::enumKeyEx(key, index, name, nameSize, reserved, className,
+                                                    classSize, lastWrite);
+        if (index == 0 && status == registry::success) {
+            *nameSize = 0;
+        }
+        return status;
+    }
+};
+
+TEST(RegistryKeysWithoutNames, AreLeftAloneByADeletion) {
+    FaultPlan faults;
+    NamelessKeys system(faults);
+    system.addKey(kFullKey + "\\Tree\\A");
+    system.addKey(kFullKey + "\\Tree\\B");
+    cRegistry registry(system, "Tollvane");
+
+    EXPECT_TRUE(registry.DeleteRegKey(kRoot, kKey, "Tree"));
+
+    EXPECT_TRUE(system.hasKey(kFullKey + "\\Tree\\A"));
+    EXPECT_FALSE(system.hasKey(kFullKey + "\\Tree\\B"));
+    EXPECT_EQ(system.openKeys(), 0U);
+}
+
 } // namespace
 } // namespace tollvane::test

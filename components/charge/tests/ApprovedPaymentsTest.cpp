@@ -101,6 +101,15 @@ TEST_F(ApprovedPayments, AreNotReadFromLinesThatACrashOrAPersonLeft) {
     EXPECT_TRUE(approvedPayments(changed, "").empty()) << "no amount from a damaged line";
 }
 
+TEST_F(ApprovedPayments, ThatAreWrittenBelowZeroStayThere) {
+    for (const char* type : {"REFUND", "VOID"}) {
+        const auto payments = approvedPayments(
+            checked(with("CHARGE  LIVE  1.00", std::string(type) + "  LIVE  -1.00")), "");
+        ASSERT_EQ(1u, payments.size()) << type;
+        EXPECT_EQ(Money::fromUnits(-1), payments[0].amount) << type;
+    }
+}
+
 TEST_F(ApprovedPayments, OfALongLogAreThoseOfItsEnd) {
     std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
     while (log.size() < 3u << 20)

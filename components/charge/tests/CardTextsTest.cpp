@@ -4,18 +4,20 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace tollvane::charge {
 namespace {
 
 TEST(Expiry, TheFormsThatProgramsSendAreUnderstood) {
     for (const char* text :
-         {"3-2027", "03-2027", "3/2027", "3-27", "3-1-2027", "03/01/2027", "0327"})
+         {"3-2027", "03-2027", "3/2027", "3-27", "3-1-2027", "3-31-2027", "03/01/2027", "0327"})
         EXPECT_EQ((Expiry{3, 2027}), expiryFromText(text)) << text;
 }
 
 TEST(Expiry, OtherTextsAreNone) {
     for (const char* text : {"", "3", "13-2027", "0-2027", "3-", "-2027", "a-2027", "3-20277",
-                             "3-0-2027", "1327", "03272027", "3-2027-1-1"})
+                             "3-0-2027", "3-32-2027", "1327", "03272027", "3-2027-1-1"})
         EXPECT_FALSE(expiryFromText(text)) << text;
 }
 
@@ -48,9 +50,12 @@ TEST(TrackOne, IncompleteTracksAreNone) {
 }
 
 TEST(TrackOne, ATrackWithoutAReadableExpiryStillGivesTheNumber) {
-    const auto track = parseTrackOne("%B4111111111111111^A^XX?");
-    ASSERT_TRUE(track);
-    EXPECT_FALSE(track->expiry);
+    for (const char* expiry : {"", "27", "271", "XXXX", "27XX", "2713", "2700"}) {
+        const auto track = parseTrackOne("%B4111111111111111^A^" + std::string(expiry) + "?");
+        ASSERT_TRUE(track) << expiry;
+        EXPECT_EQ("4111111111111111", track->cardNumber.view()) << expiry;
+        EXPECT_FALSE(track->expiry) << expiry;
+    }
 }
 
 TEST(CardDataMask, CardNumbersInTextsKeepTheirLastFourDigitsOnly) {

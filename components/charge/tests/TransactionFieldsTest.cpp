@@ -28,6 +28,9 @@ TEST(TransactionFields, TheTableStandsInTheOrderOfTheFields) {
 
 TEST(TransactionFields, NamesAreFoundWithoutRegardToCase) {
     EXPECT_EQ(Field::CardNumber, fieldByName("X_Card_NUM").field);
+    EXPECT_EQ(Field::TrackOne, fieldByName("X_TRACK1").field);
+    EXPECT_THROW(fieldByName("x_trackQ"), com::ComponentError);
+    EXPECT_THROW(fieldByName("X@CARD@NUM"), com::ComponentError);
 }
 
 TEST(TransactionFields, AnUnknownNameIsAnErrorThatNamesIt) {

@@ -40,6 +40,32 @@ TEST(TransactionLog, LinesOfAllOutcomesStandInTheSameColumns) {
     EXPECT_EQ(6u, shop.logLines().size());
 }
 
+// Somebody empties the log between the look at its size and its reading.
+class EmptiedFiles final : public FileStore {
+public:
+    using FileStore::read;
+    std::string read(const std::filesystem::path&, std::uint64_t) override { return {}; }
+    std::uint64_t size(const std::filesystem::path&) override { return 40; }
+    void append(const std::filesystem::path&, std::string_view bytes) override { added += bytes; }
+    void truncate(const std::filesystem::path&, std::uint64_t) override { ++cuts; }
+    std::unique_ptr<Lock> lock(const std::filesystem::path&) override {
+        return std::make_unique<Lock>();
+    }
+
+    std::string added;
+    int cuts = 0;
+};
+
+TEST(TransactionLog, ALogThatSomebodyEmptiesHasNothingToMend) {
+    EmptiedFiles files;
+    TransactionLog log(files, "log");
+
+    log.writeSignIn({2026, 11, 21, 9, 5, 3, 0}, "Mary Smith", "");
+
+    EXPECT_TRUE(files.added.starts_with("2026-11-21 09:05:03  Mary Smith")) << files.added;
+    EXPECT_EQ(0, files.cuts);
+}
+
 TEST(TransactionLog, ASignInIsALine) {
     Shop shop;
     shop.service->signIn("Mary Smith");

@@ -38,6 +38,7 @@ TEST(CommandLine, QuotedValuesMayHoldBlanks) {
 
 TEST(CommandLine, HyphenAndCapitalsAreTheSameSwitch) {
     EXPECT_EQ(parseCommandLine(L"-SERVER:till2").server, L"till2");
+    EXPECT_EQ(parseCommandLine(L"/LocatioN:AtoZ").location, L"AtoZ");
 }
 
 TEST(CommandLine, TheLastOfTwoEqualSwitchesCounts) {
@@ -56,6 +57,7 @@ TEST(CommandLine, AValueMayHoldColonsAndSlashes) {
 TEST(CommandLine, UnknownSwitchesAndWordsAreNamedInTheError) {
     EXPECT_NE(refusal(L"/colour:red").find("\"/colour:red\""), std::string::npos);
     EXPECT_NE(refusal(L"invoice.txt").find("\"invoice.txt\""), std::string::npos);
+    EXPECT_NE(refusal(L"/server2:x").find("not known"), std::string::npos);
     EXPECT_NE(refusal(L"/").find("not known"), std::string::npos);
     EXPECT_NE(refusal(L"/:x").find("not known"), std::string::npos);
 }

@@ -231,6 +231,9 @@ TEST_F(ComparedPaymentTest, WhatWasStoredInTheLastDaysIsListedNewestFirst) {
     ASSERT_TRUE(addOnce("second", -50'000));
     fill(record, 1); // without a transaction: nothing to compare
     record.update();
+    record.addNew();
+    record.setValue(paymentField("TransID"), std::string("without an amount"));
+    record.update();
     EXPECT_EQ(storedPayments(store, clock, 2), "second\t-50000\nfirst\t314000\n");
     EXPECT_EQ(storedPayments(store, clock, 3), "second\t-50000\nfirst\t314000\nold\t10000\n");
     const auto newest =

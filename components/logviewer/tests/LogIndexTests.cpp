@@ -215,7 +215,7 @@ TEST(LogTotals, AVoidOfATransactionOfAnotherLogTakesNothingBack) {
 }
 
 TEST(LogTotals, AVoidWhoseReferenceIsNoIdTakesNothingBack) {
-    for (const char* reference : {"-", "10000000001x", "x", "12345678901234567890"}) {
+    for (const char* reference : {"-", "10000000001x", "12.3", "x", "12345678901234567890"}) {
         const LogTotals totals = totalsOf(
             indexOf(lineOf({.amount = "9.00", .transaction = "12"}) +
                     lineOf({.amount = "5.00", .transaction = reference}) +
@@ -266,6 +266,8 @@ TEST(LogFilter, EveryWishButTheirOwnHidesDamagedLines) {
         EXPECT_FALSE(wish.isEmpty());
         EXPECT_FALSE(wish.wants(damaged));
     }
+    EXPECT_TRUE(LogFilter{}.isEmpty());
+    EXPECT_FALSE(LogFilter{.damagedOnly = true}.isEmpty());
 }
 
 TEST(LogFilter, DaysAreInclusive) {
