@@ -1,8 +1,10 @@
 """A display to play on: the user's own one, or Xvfb with openbox."""
 
 import os
+import pathlib
 import subprocess
 import tempfile
+import time
 
 from .waiting import NotReached, until
 
@@ -15,6 +17,7 @@ class Display:
         self._size, self._dpi = size, dpi
         self.number = number
         self._processes = []
+        self._screen = None
 
     def __enter__(self):
         if self.number is None:
@@ -24,11 +27,14 @@ class Display:
     def __exit__(self, *unused):
         for process in reversed(self._processes):
             self._end(process)
+        if self._screen is not None:
+            self._screen.cleanup()
 
     def _start(self):
         read, write = os.pipe()
+        self._screen = tempfile.TemporaryDirectory()
         command = ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self._size}x24",
-                   "-dpi", str(self._dpi), "-nolisten", "tcp"]
+                   "-dpi", str(self._dpi), "-nolisten", "tcp", "-fbdir", self._screen.name]
         self._launch(command, pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as answer:
@@ -84,16 +90,29 @@ class Display:
         self.run("import", "-silent", "-window", str(xid), str(path))
         return path
 
-    def picture_at_rest(self, path, tries=20):
-        """The same as soon as two pictures in a row are alike: windows take their time to paint."""
-        before = None
-        for _ in range(tries):
-            self.picture(path)
-            now = self.run("identify", "-format", "%#", str(path))
-            if now == before:
-                break
-            before = now
-        return path
+    def picture_at_rest(self, path, rest=0.2, patience=5):
+        """The same when the display has not changed for `rest` seconds: windows take their time to
+        paint. What never rests is taken as it is."""
+        before, since = None, time.monotonic()
+
+        def rests():
+            nonlocal before, since
+            now = self._content(path)
+            if now != before:
+                before, since = now, time.monotonic()
+            return time.monotonic() - since >= rest
+
+        try:
+            until("a display at rest", rests, patience)
+        except NotReached:
+            pass
+        return self.picture(path)
+
+    def _content(self, path):
+        """What differs whenever the display shows something else."""
+        if self._screen is None:
+            return self.run("identify", "-format", "%#", str(self.picture(path)))
+        return hash(pathlib.Path(self._screen.name, "Xvfb_screen0").read_bytes())
 
     def type(self, text, delay=4):
         """Types a text into whatever has the focus; `delay` in ms between the keys."""
