@@ -2,11 +2,16 @@
 # the program: what brings the printing service in costs every start time and memory, and most
 # starts never need it.
 
-# Adds the library `name`, which stands for these functions of the system's `dll`. The 32-bit build,
-# where names carry the size of their arguments, links `ordinary` in its place.
+# Adds the library `name`, which stands for these functions of the system's `dll`. Where its import
+# library cannot be made (no dlltool; 32 bit, where names carry the size of their arguments) it is
+# the `ordinary` one.
 function(tollvane_late_library name dll ordinary)
   add_library(${name} INTERFACE)
-  if(NOT CMAKE_SIZEOF_VOID_P EQUAL 8)
+  if(MSVC)
+    target_link_libraries(${name} INTERFACE ${ordinary} delayimp)
+    target_link_options(${name} INTERFACE /DELAYLOAD:${dll})
+    return()
+  elseif(NOT CMAKE_SIZEOF_VOID_P EQUAL 8 OR NOT CMAKE_DLLTOOL)
     target_link_libraries(${name} INTERFACE ${ordinary})
     return()
   endif()
