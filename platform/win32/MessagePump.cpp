@@ -2,10 +2,13 @@
 
 #include "platform/win32/FormCore.h"
 #include "platform/win32/Ui.h"
+#include "platform/win32/UsedStack.h"
 
 namespace tollvane::win32 {
 
-void dispatch(Ui& ui, MSG& message) {
+namespace {
+
+void deliver(Ui& ui, MSG& message) {
     if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) {
         if (const FormCore* form = ui.formOf(message.hwnd)) {
             form->toolTips.mouse(message);
@@ -21,6 +24,14 @@ void dispatch(Ui& ui, MSG& message) {
     }
     TranslateMessage(&message);
     DispatchMessageA(&message);
+}
+
+} // namespace
+
+void dispatch(Ui& ui, MSG& message) {
+    deliver(ui, message);
+    // A handler cannot reach what lies between its own caller and this place.
+    wipeUsedStack();
 }
 
 void pumpWhile(Ui& ui, const std::function<bool()>& condition) {

@@ -3,6 +3,7 @@
 #include "platform/win32/CentredLine.h"
 #include "platform/win32/Clipboard.h"
 #include "platform/win32/FreedMemory.h"
+#include "platform/win32/UsedStack.h"
 
 #include <algorithm>
 #include <array>
@@ -48,12 +49,6 @@ public:
 private:
     std::vector<char> bytes_;
 };
-
-/// The system converts texts on the stack and leaves them there when it returns.
-void wipeStackBelow() {
-    std::array<char, 16384> below; // NOLINT(cppcoreguidelines-pro-type-member-init)
-    wipeMemory(below.data(), below.size());
-}
 
 } // namespace
 
@@ -161,9 +156,7 @@ void Win32TextBox::overwriteText() {
     native(EM_EMPTYUNDOBUFFER, 0, 0);
     native(WM_SETTEXT, 0, ClosedText("").argument());
     native(EM_EMPTYUNDOBUFFER, 0, 0);
-    // Through a pointer, so that it is called and not inlined: its frame has to lie below this one.
-    void (*const volatile wipe)() = &wipeStackBelow;
-    wipe();
+    wipeUsedStack();
 }
 
 int Win32TextBox::selStart() const {

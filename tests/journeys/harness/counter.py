@@ -104,8 +104,10 @@ class Counter:
             self.till.display.type(track, delay=1)
             self.till.display.press("Return")
         shown = (card.number, "*" * len(card.number))
+        # The card before may be the one whose stars are seen, but then the focus is elsewhere yet.
         self.till.wait("the swiped card",
-                       lambda: self.till.control("txtCardNumber", form).text in shown,
+                       lambda: self.till.focused() == "txtAmount"
+                       and self.till.control("txtCardNumber", form).text in shown,
                        otherwise=lambda: self.till.control("txtCardNumber", form).text)
 
     def fill_address(self):
