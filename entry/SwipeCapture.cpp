@@ -34,12 +34,18 @@ SwipeCapture::SwipeCapture(const Desktop& desktop, Form& form, ChargeInfoControl
       reactions_(std::move(reactions)) {}
 
 void SwipeCapture::keyPressed(int& keyAscii) {
-    const int typed = keyAscii;
-    if (typed == 0) {
+    if (keyAscii == 0) {
         return; // a key of an input method, without a character of its own
     }
     try {
-        remember(typed);
+        try {
+            remember(keyAscii);
+        } catch (...) {
+            // The record is read to its end all the same; the buffer, which lacks a key, is no use.
+            controls_.txtKbBuffer.wipeText();
+            route(keyAscii);
+            throw;
+        }
         route(keyAscii);
     } catch (...) {
         // Whatever went wrong, a character of a card must not land in a field.
@@ -108,24 +114,35 @@ void SwipeCapture::settle() {
 
 void SwipeCapture::waitForPause() {
     Timer& timer = controls_.tmrSwipe;
-    if (parser_.reading()) {
-        restart(timer, recordPause);
-    } else if (holding() || following_.inBurst()) {
-        restart(timer, readerPause);
-    } else if (timer.enabled()) {
-        timer.setEnabled(false);
+    try {
+        if (parser_.reading()) {
+            restart(timer, recordPause);
+        } else if (holding() || following_.inBurst()) {
+            restart(timer, readerPause);
+        } else if (timer.enabled()) {
+            timer.setEnabled(false);
+        }
+    } catch (...) {
+        // Nobody may tell when the reader has ended: what is typed next is none of its characters.
+        if (following_.inBurst()) {
+            following_.pause();
+        }
+        throw;
     }
 }
 
 void SwipeCapture::keysPaused() {
-    controls_.tmrSwipe.setEnabled(false);
-    if (parser_.reading()) {
-        // A swipe that broke off.
+    const bool brokeOff = parser_.reading();
+    if (brokeOff) {
         parser_.reset();
-        controls_.txtKbBuffer.wipeText();
     }
     settle();
     following_.pause();
+    // Last: a control that cannot be changed must not cost the first key of what is typed next.
+    if (brokeOff) {
+        controls_.txtKbBuffer.wipeText();
+    }
+    controls_.tmrSwipe.setEnabled(false);
 }
 
 void SwipeCapture::remember(int keyAscii) {

@@ -1,5 +1,7 @@
 #include "platform/win32/Win32Timer.h"
 
+#include "platform/Error.h"
+
 namespace tollvane::win32 {
 
 Win32Timer::Win32Timer(FormCore& form, const ControlDescription& description)
@@ -24,7 +26,9 @@ void Win32Timer::restart() {
     const bool wanted = enabled_ && interval_ > 0;
     if (wanted) {
         // In place of the one that runs.
-        SetTimer(form().window(), idOf(*this), static_cast<UINT>(interval_), nullptr);
+        if (SetTimer(form().window(), idOf(*this), static_cast<UINT>(interval_), nullptr) == 0) {
+            throw Error(static_cast<long>(GetLastError()), name(), "The timer cannot be started.");
+        }
     } else if (runs_) {
         KillTimer(form().window(), idOf(*this));
     }

@@ -7,6 +7,8 @@ namespace tollvane::test {
 namespace {
 
 constexpr long kNumber = 7;
+constexpr const char* kTrack = "%B4111111111111111^SMITH/JOHN^2712101000000?";
+constexpr int kAPause = 400; // milliseconds, longer than any inside a swipe
 
 TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
     const int failed = sweepFaults([](int nth) {
@@ -72,6 +74,33 @@ TEST(ControlFaults, OfAFormattedFieldStopNobodyFromTyping) {
         return reached;
     });
     EXPECT_GE(failed, 1);
+}
+
+TEST(ControlFaults, OfASwipeCostNoKeyOfTheAmountBehindIt) {
+    const int failed = sweepFaults([](int nth) {
+        Till till;
+        till.open();
+        test::Robot& hands = *till.desktop.robot;
+        hands.click(till.form(), "txtDescription");
+        till.desktop.faults.failAt(Port::controls, nth, kNumber);
+
+        hands.typeText(kTrack);
+        hands.letTimePass(kAPause);
+
+        const bool reached = till.desktop.faults.reached();
+        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
+                     till.desktop.faults.failedCall());
+        till.desktop.faults.clear();
+        till.boxes();
+        hands.click(till.form(), "txtAmount");
+        till.box("txtAmount").select(0, -1);
+        hands.typeText("25.00");
+        EXPECT_EQ(till.text("txtAmount"), "25.00");
+        const std::string track = till.text("txtMagStripe");
+        EXPECT_TRUE(track.empty() || track.starts_with(kTrack)) << "a part of a card was taken";
+        return reached;
+    });
+    EXPECT_GE(failed, 100);
 }
 
 TEST(ControlFaults, OfSavedOptionsAreToldAndKeepTheDialogOpen) {
