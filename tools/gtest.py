@@ -52,14 +52,14 @@ def start(build, program, launcher, environment, reports, share):
         text=True, errors="replace", cwd=build)
 
 
-def finish(name, process, report, tally):
+def finish(name, process, report, tally, limit=TIME_LIMIT):
     """Waits for one share and counts it; what did not end well is printed."""
     try:
-        output, _ = process.communicate(timeout=TIME_LIMIT)
+        output, _ = process.communicate(timeout=limit)
     except subprocess.TimeoutExpired:
         process.kill()
         output, _ = process.communicate()
-        output += f"\nstopped after {TIME_LIMIT} s"
+        output += f"\nstopped after {limit} s"
     before = tally.failed
     if report.exists():
         count(json.loads(report.read_text(encoding="utf-8", errors="replace")), tally)

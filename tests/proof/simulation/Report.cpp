@@ -41,6 +41,7 @@ std::string Trace::latest() const {
 
 void Report::complain(const std::string& what) {
     trace.line("COMPLAINT " + what);
+    ++complained;
     if (complaints.size() < kMostComplaints) {
         complaints.push_back(what + "\n" + trace.latest());
     }
@@ -60,7 +61,7 @@ std::string Report::summary() const {
         << restarts << "\nrecorded " << recorded << "\nmissing, told in the status bar "
         << missingAndTold << "\nmissing after a crash, told by the log " << missingAndLogged
         << "\nfound missing at the next sign-in and recorded " << recordedLater << "\ncomplaints "
-        << complaints.size() << "\n";
+        << complained << "\n";
     for (std::size_t i = 0; i < kFaultKinds; ++i) {
         out << "fault " << nameOf(static_cast<Fault>(i)) << ": " << drawn[i] << " drawn, "
             << struck[i] << " met\n";

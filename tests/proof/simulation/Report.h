@@ -37,7 +37,8 @@ struct Report {
     int recordedLater = 0;    ///< found missing at the next sign-in and recorded
     std::array<int, kFaultKinds> drawn{};
     std::array<int, kFaultKinds> struck{};
-    std::vector<std::string> complaints;
+    int complained = 0;
+    std::vector<std::string> complaints; ///< the first of them
     Trace trace;
 
     void drew(Fault fault) { ++drawn.at(static_cast<std::size_t>(fault)); }

@@ -152,9 +152,12 @@ void Shop::pressInAHurry(const Faults& faults) {
     if (met(faults, Fault::doubleClick)) {
         counter.press("cmdSubmit");
     }
-    if (met(faults, Fault::accessKeyRepeated)) {
+    // The first press may have failed early, and the form be closed in a later one.
+    if (counter.isOpen() && met(faults, Fault::accessKeyRepeated)) {
         counter.desktop.robot->accessKey('S');
-        counter.desktop.robot->accessKey('S');
+        if (counter.isOpen()) {
+            counter.desktop.robot->accessKey('S');
+        }
     }
     for (int i = 0; i < 3 && met(faults, Fault::heldKeys) && counter.isOpen(); ++i) {
         counter.desktop.robot->key(test::keycode::enter);
@@ -202,7 +205,7 @@ void Shop::secondTry(const Faults& faults) {
     }
     const bool again = ground_.dark || !counter_->isOpen();
     if (again || dice_.percent(50)) {
-        disarm({});
+        disarm(faults);
     }
     restartIfEnded();
     if (again) {
@@ -223,6 +226,11 @@ void Shop::printReceipt(const Faults& faults) {
     if (ground_.dark || !counter_->isOpen() || !counter_->program().TransactionApproved()) {
         return;
     }
+    // A box takes the keys; only those that were on their way to the form in a submission are
+    // tried.
+    counter_->boxes.whileOpen = [this](const Message& box) {
+        judge_.look(box, entry(), counter_->charge.raised);
+    };
     test::FakePrinters& printers = counter_->desktop.printers;
     const Error trouble(482, "printer", "Printer error");
     if (met(faults, Fault::printerMissing)) {

@@ -39,6 +39,7 @@ private:
     void armLine(const Faults& faults);
     void armComponents(const Faults& faults);
     void armMachine(const Faults& faults);
+    void noteWhatStruck(const Faults& faults);
     void disarm(const Faults& faults);
     void meddle(const Faults& faults);
     void meddleOverBox(const Faults& faults, const Message& box);
@@ -61,6 +62,7 @@ private:
     DateTime now_{2026, 11, 21, 9, 5, 3};
     std::vector<Entry> entries_;
     std::set<std::string> told_;
+    bool armed_ = false; ///< the entry's faults, and not counted yet
     bool meddling_ = false;
     bool meddlingOverBox_ = false;
 };

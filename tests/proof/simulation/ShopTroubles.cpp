@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tollvane::simulation {
 
@@ -73,6 +74,7 @@ bool Shop::met(const Faults& faults, Fault fault) {
 }
 
 void Shop::arm(const Faults& faults) {
+    armed_ = true;
     armDisk(faults);
     armLine(faults);
     armComponents(faults);
@@ -146,7 +148,8 @@ void Shop::armMachine(const Faults& faults) {
     counter_->boxes.refuseNext = met(faults, Fault::boxNotShown);
 }
 
-void Shop::disarm(const Faults& faults) {
+/// Notes which of the armed faults came up.
+void Shop::noteWhatStruck(const Faults& faults) {
     const auto count = [&](Fault fault, bool struck) {
         if (struck && faults.count(fault) != 0) {
             report_.hit(fault);
@@ -168,6 +171,12 @@ void Shop::disarm(const Faults& faults) {
     }
     for (const Fault fault : {Fault::registryRefusal, Fault::localeFailure}) {
         count(fault, counter_->desktop.faults.reached());
+    }
+}
+
+void Shop::disarm(const Faults& faults) {
+    if (std::exchange(armed_, false)) {
+        noteWhatStruck(faults);
     }
     counter_->desktop.faults.clear();
     counter_->charge.forgive();
@@ -238,7 +247,7 @@ void Shop::meddleOverBox(const Faults& faults, const Message& box) {
     if (faults.count(Fault::doubleClick) != 0) {
         counter_->press("cmdSubmit");
     }
-    if (met(faults, Fault::swipeOverBox)) {
+    if (counter_->isOpen() && met(faults, Fault::swipeOverBox)) {
         hands.typeText("%B5555555555554444^OTHER/CARD^3012101000000000?");
         hands.letTimePass(2500);
     }
