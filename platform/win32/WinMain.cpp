@@ -15,10 +15,17 @@ void runProgram(HINSTANCE instance) {
     desktop.run();
 }
 
+/// A crash ends the program and no more: the error reporting or the debugger that the system would
+/// call to it could keep the memory, in which a card may be.
+LONG WINAPI endWithoutDump(EXCEPTION_POINTERS* /*crash*/) {
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
 } // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, LPSTR /*commandLine*/,
                    int /*show*/) {
+    SetUnhandledExceptionFilter(endWithoutDump);
     // Letters are those of the system's code page; numbers stay as C has them.
     std::setlocale(LC_CTYPE, "");
     try {

@@ -128,6 +128,12 @@ class Probe:
         if answer["error"]:
             raise RuntimeError(f"{key} cannot be locked: error {answer['error']}")
 
+    def crash(self, process):
+        """Makes a process of the desktop run where no code is."""
+        answer = self.ask(f"crash {process}")
+        if answer["error"]:
+            raise RuntimeError(f"{process} cannot be made to crash: error {answer['error']}")
+
     def close(self):
         """Ends the probe."""
         if self._process is not None:

@@ -117,6 +117,11 @@ class Till:
         """How many handles, GDI objects and windows the program holds."""
         return self._probe.counts(self.form()["pid"])
 
+    def crash(self):
+        """Ends the program by an access violation."""
+        self._probe.crash(self.form()["pid"])
+        self.wait("the end of the program", lambda: not self.windows(), otherwise=self.titles)
+
     # Hands
 
     def click(self, name, window=None):

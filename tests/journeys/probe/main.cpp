@@ -1,10 +1,12 @@
 // Answers questions about the desktop, one JSON line for each line of standard input:
 //   windows | controls HWND | control HWND NAME | focused HWND
-//   texts HWND... | unread NAME... | lock KEY | counts PROCESS
+//   texts HWND... | unread NAME... | lock KEY | counts PROCESS |
+//   crash PROCESS
 // "unread" names the controls of which nobody wants to read the text from now on.
 // With arguments it answers that one question and ends.
 #include "tests/journeys/probe/Access.h"
 #include "tests/journeys/probe/Counts.h"
+#include "tests/journeys/probe/Crash.h"
 #include "tests/journeys/probe/Json.h"
 #include "tests/journeys/probe/WindowTree.h"
 
@@ -75,6 +77,12 @@ public:
             DWORD process = 0;
             words >> process;
             writeCounts(json, process);
+        } else if (verb == "crash") {
+            DWORD process = 0;
+            words >> process;
+            json.beginObject();
+            json.member("error", static_cast<long long>(crash(process)));
+            json.endObject();
         } else {
             json.beginObject();
             json.member("error", std::wstring_view(L"unknown question"));
