@@ -3,6 +3,7 @@
 #include "components/charge/core/Failure.h"
 #include "platform/Checksum.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tollvane::charge {
@@ -32,13 +33,20 @@ char unescaped(char letter) {
 
 Record fieldsOf(std::string_view payload) {
     Record record(1);
-    for (std::size_t i = 0; i < payload.size(); ++i) {
-        if (payload[i] == '\t')
+    while (!payload.empty()) {
+        const std::size_t plain = std::min(payload.find_first_of("\t\\"), payload.size());
+        record.back() += payload.substr(0, plain);
+        payload.remove_prefix(plain);
+        if (payload.starts_with('\t')) {
             record.emplace_back();
-        else if (payload[i] == '\\' && i + 1 < payload.size())
-            record.back() += unescaped(payload[++i]);
-        else
-            record.back() += payload[i];
+            payload.remove_prefix(1);
+        } else if (payload.size() > 1) {
+            record.back() += unescaped(payload[1]);
+            payload.remove_prefix(2);
+        } else {
+            record.back() += payload;
+            payload = {};
+        }
     }
     return record;
 }
