@@ -133,8 +133,9 @@ struct Location {
 };
 
 TEST_F(CompanyInfo, LocationIsStoredAsTheNumberThatItStartsWith) {
-    for (const Location& location : {Location{"12abc", 12}, Location{"\b", 0}, Location{"abc", 0},
-                                     Location{" 7 ", 7}, Location{"2.6", 3}, Location{"-4", -4}}) {
+    for (const Location& location :
+         {Location{"12abc", 12}, Location{"\b", 0}, Location{"abc", 0}, Location{" 7 ", 7},
+          Location{"2.6", 3}, Location{"-4", -4}, Location{"2147483647", 2147483647}}) {
         till.setCompanyLocation(99);
         inDialog([&](Form&) {
             type("txtLocation", location.typed);

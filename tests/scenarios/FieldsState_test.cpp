@@ -37,6 +37,14 @@ TEST_F(FieldsState, ShowsTheFullNameAboveTheBoxAndAsItsToolTip) {
     EXPECT_EQ(states().toolTip(), "Distrcit of Columbia");
 }
 
+TEST_F(FieldsState, ShowsTheNameOfTheFirstOneToo) {
+    choose(0);
+
+    EXPECT_TRUE(name().visible());
+    EXPECT_EQ(states().toolTip(), name().caption());
+    EXPECT_EQ(name().caption(), till.desktop.program.strings.at(400));
+}
+
 TEST_F(FieldsState, CentresTheNameDirectlyAboveTheBox) {
     choose(5);
 

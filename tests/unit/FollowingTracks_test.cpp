@@ -148,6 +148,34 @@ TEST(FollowingTracks, NeverHoldsMoreThanATrack) {
     EXPECT_FALSE(field.tracks.inBurst());
 }
 
+TEST(FollowingTracks, OfTheGreatestLengthAreStillTaken) {
+    const std::string longest = ";" + std::string(106, '1');
+    Field behindTrack1;
+    behindTrack1.tracks.track1Taken();
+    behindTrack1.type(longest);
+    EXPECT_EQ(behindTrack1.typed, "");
+    EXPECT_TRUE(behindTrack1.tracks.inBurst());
+    behindTrack1.type("2");
+    EXPECT_EQ(behindTrack1.typed, "2");
+    EXPECT_FALSE(behindTrack1.tracks.inBurst());
+
+    Field alone;
+    alone.type(longest);
+    EXPECT_EQ(alone.typed, "");
+    alone.type("2");
+    EXPECT_EQ(alone.typed, longest + "2");
+}
+
+TEST(FollowingTracks, MayHoldBlanksBehindTrackOne) {
+    Field field;
+    field.tracks.track1Taken();
+
+    field.type(";4111 1111 1111?");
+
+    EXPECT_EQ(field.typed, "");
+    EXPECT_TRUE(field.tracks.inBurst());
+}
+
 TEST(FollowingTracks, LeavesStartSentinelsOfTrackOneToOthers) {
     Field field;
     field.tracks.track1Taken();

@@ -248,7 +248,7 @@ TEST(CurrencyText, GroupsAsTheLocaleDoes) {
     const std::vector<std::pair<std::string, std::string>> groupings{
         {"3;0", "$1,234,567,890.00"}, {"3;2;0", "$1,23,45,67,890.00"}, {"3", "$1234567,890.00"},
         {"4;0", "$12,3456,7890.00"},  {"0", "$1234567890.00"},         {"", "$1234567890.00"},
-        {"3;2", "$12345,67,890.00"}};
+        {"3;2", "$12345,67,890.00"},  {"12;0", "$1234567890.00"}};
     for (const auto& [grouping, text] : groupings) {
         MoneyStyle style;
         style.moneyGrouping = grouping;

@@ -42,6 +42,21 @@ TEST_P(SlowReader, IsUnderstoodFromEveryField) {
     EXPECT_TRUE(till.operations().empty());
 }
 
+class SlowHand : public FieldsTest {};
+
+TEST_F(SlowHand, TypingOnGivesTheBufferNoMoreTime) {
+    goTo("txtDescription");
+    type(";12");
+    till.desktop.robot->letTimePass(1500);
+    type("3");
+    EXPECT_EQ(till.text("txtKbBuffer"), ";123");
+
+    till.desktop.robot->letTimePass(600);
+
+    EXPECT_EQ(till.text("txtKbBuffer"), "");
+    EXPECT_EQ(till.text("txtDescription"), ";123");
+}
+
 INSTANTIATE_TEST_SUITE_P(WithMilliseconds, SlowReader, ::testing::Values(0, 1, 4, 12, 20));
 
 } // namespace

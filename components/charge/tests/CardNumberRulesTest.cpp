@@ -49,6 +49,65 @@ TEST(CardNumberRules, AnythingButDigitsIsRejected) {
     EXPECT_FALSE(acceptableCardNumber(std::string(16, '\xB2')));
 }
 
+std::string filled(const std::string& start, std::size_t length, char with) {
+    return length <= start.size() ? start.substr(0, length)
+                                  : start + std::string(length - start.size(), with);
+}
+
+TEST(CardNumberRules, EverySchemeHasItsRangesAndLengths) {
+    struct Range {
+        const char* scheme;
+        const char* first;
+        const char* last;
+        std::size_t shortest;
+    };
+    for (const Range& range : {Range{"Diners Club", "300", "305", 14},
+                               {"Diners Club", "309", "309", 14},
+                               {"Diners Club", "36", "36", 14},
+                               {"Diners Club", "38", "39", 14},
+                               {"JCB", "3528", "3589", 16},
+                               {"Discover", "6011", "6011", 16},
+                               {"Discover", "644", "649", 16},
+                               {"Discover", "65", "65", 16},
+                               {"UnionPay", "62", "62", 16},
+                               {"Maestro", "50", "50", 12},
+                               {"Maestro", "56", "58", 12},
+                               {"Maestro", "6304", "6304", 12},
+                               {"Maestro", "6759", "6759", 12},
+                               {"Maestro", "6761", "6763", 12}}) {
+        for (std::size_t length = 10; length <= 21; ++length) {
+            const bool used = length >= range.shortest && length <= 19;
+            const std::string expected = used ? range.scheme : "";
+            EXPECT_EQ(expected, cardScheme(filled(range.first, length, '0'))) << length;
+            EXPECT_EQ(expected, cardScheme(filled(range.last, length, '9'))) << length;
+        }
+    }
+}
+
+TEST(CardNumberRules, SomeSchemesHaveOnlyALengthOrThree) {
+    for (std::size_t length = 10; length <= 21; ++length) {
+        const bool visa = length == 13 || length == 16 || length == 19;
+        EXPECT_EQ(visa ? "Visa" : "", cardScheme(filled("4", length, '0'))) << length;
+        EXPECT_EQ(visa ? "Visa" : "", cardScheme(filled("4", length, '9'))) << length;
+        for (const char* start : {"51", "55", "2221", "2720"})
+            EXPECT_EQ(length == 16 ? "Mastercard" : "", cardScheme(filled(start, length, '5')))
+                << start << length;
+        for (const char* start : {"34", "37"})
+            EXPECT_EQ(length == 15 ? "American Express" : "",
+                      cardScheme(filled(start, length, '5')))
+                << start << length;
+    }
+}
+
+TEST(CardNumberRules, BesideTheRangesOfASchemeAreOthersOrNone) {
+    for (const char* start : {"2220", "2721", "299",  "306",  "308", "310",  "33",   "34",
+                              "35",   "37",   "3527", "3590", "59",  "6010", "6012", "61",
+                              "63",   "6303", "6305", "643",  "66",  "6758", "6760", "6764"})
+        EXPECT_EQ("", cardScheme(filled(start, 16, '0'))) << start;
+    EXPECT_EQ("Maestro", cardScheme(filled("50", 16, '9')));
+    EXPECT_EQ("Maestro", cardScheme(filled("56", 16, '0')));
+}
+
 TEST(CardNumberRules, TheSchemeIsNamedWithoutLookingAtTheCheckDigit) {
     EXPECT_EQ("Visa", cardScheme("4111111111111112"));
     EXPECT_EQ("Mastercard", cardScheme("2720999999999996"));

@@ -15,6 +15,22 @@ TEST(Expiry, TheFormsThatProgramsSendAreUnderstood) {
         EXPECT_EQ((Expiry{3, 2027}), expiryFromText(text)) << text;
 }
 
+TEST(Expiry, MonthsAreTwelveAndYearsBeginWithTheCentury) {
+    EXPECT_EQ((Expiry{1, 2000}), expiryFromText("1-2000"));
+    EXPECT_EQ((Expiry{12, 2099}), expiryFromText("12-99"));
+    EXPECT_EQ((Expiry{12, 2000}), expiryFromText("1200"));
+    EXPECT_EQ((Expiry{12, 9999}), expiryFromText("12-9999"));
+    for (const char* text : {"1-1999", "1-100", "1-999", "00-2027", "0027"})
+        EXPECT_FALSE(expiryFromText(text)) << text;
+}
+
+TEST(Expiry, IsWrittenInTwoManners) {
+    EXPECT_EQ("3-2027", (Expiry{3, 2027}.text()));
+    EXPECT_EQ("0327", (Expiry{3, 2027}.compact()));
+    EXPECT_EQ("1200", (Expiry{12, 2100}.compact()));
+    EXPECT_EQ("0105", (Expiry{1, 2005}.compact()));
+}
+
 TEST(Expiry, OtherTextsAreNone) {
     for (const char* text : {"", "3", "13-2027", "0-2027", "3-", "-2027", "a-2027", "3-20277",
                              "3-0-2027", "3-32-2027", "1327", "03272027", "3-2027-1-1"})

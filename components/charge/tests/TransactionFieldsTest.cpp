@@ -15,7 +15,9 @@ TEST(TransactionFields, MaximumLengthsAreThoseOfTheGateway) {
         {"x_first_name", 50},   {"x_last_name", 50},   {"x_card_num", 19}, {"x_card_code", 4},
         {"x_amount", 15},       {"x_zip", 20},         {"x_tax", 15},      {"x_auth_code", 6},
         {"x_trans_id", 20},     {"x_address", 60},     {"x_city", 40},     {"x_email", 255},
-        {"x_description", 255}, {"x_invoice_num", 20}, {"x_po_num", 25}};
+        {"x_description", 255}, {"x_invoice_num", 20}, {"x_po_num", 25},   {"x_exp_date", 10},
+        {"x_tax_exempt", 5},    {"x_state", 40},       {"x_track1", 200}};
+    EXPECT_EQ(expected.size(), fieldDefinitions().size());
     for (const auto& [name, length] : expected)
         EXPECT_EQ(length, fieldByName(name).maximumLength) << name;
 }

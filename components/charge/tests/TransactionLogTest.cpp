@@ -24,6 +24,26 @@ TEST(TransactionLog, AnOperationIsOneLineWithEverythingAPersonAsksFor) {
         EXPECT_NE(std::string::npos, line.find(part)) << part;
 }
 
+TEST(TransactionLog, EveryColumnHasItsPlace) {
+    Shop shop;
+    shop.service->signIn("Mary Smith");
+    const std::string id = shop.charged("12.50");
+    const std::string code = shop.service->answer().approvalCode;
+    ASSERT_TRUE(shop.voidIt(id, "12.50"));
+    const std::string voided = shop.service->answer().approvalCode;
+    const std::string start = "2026-11-21 09:05:03  Mary Smith            ";
+    ASSERT_EQ(3u, shop.logLines().size());
+    EXPECT_TRUE(shop.logLines()[0].starts_with(start + "SIGN-IN  account merchant  #"));
+    EXPECT_TRUE(shop.logLines()[1].starts_with(
+        start + "CHARGE   TEST         12.50  ****1111  APPROVED  1/1/0    " + code + "  " + id +
+        "  -           ["))
+        << shop.logLines()[1];
+    EXPECT_TRUE(shop.logLines()[2].starts_with(
+        start + "VOID     TEST         12.50  -         APPROVED  1/1/0    " +
+        (voided.empty() ? "-     " : voided) + "  " + shop.lastId() + "  " + id + "  ["))
+        << shop.logLines()[2];
+}
+
 TEST(TransactionLog, LinesOfAllOutcomesStandInTheSameColumns) {
     Shop shop;
     const std::string id = shop.charged("12.50");

@@ -126,6 +126,15 @@ TEST_F(OperatorTest, DisablingEndsTheOperatorsSession) {
     EXPECT_EQ(failureOf([&] { (void)operators.signedIn(bens); }), Failure::notSignedIn);
 }
 
+TEST_F(OperatorTest, EnablingWhoIsEnabledKeepsTheSession) {
+    server.createAnna();
+    const auto token = server.signInAnna();
+    const auto ben = server.addBen(token);
+    const auto bens = operators.signIn("ben", secret("counter-two")).token;
+    operators.setEnabled(token, ben, true);
+    EXPECT_EQ(operators.signedIn(bens).userName, "ben");
+}
+
 TEST_F(OperatorTest, ANewOperatorHoldsNoPrivilegeUntilItIsGiven) {
     server.createAnna();
     const auto token = server.signInAnna();
