@@ -30,6 +30,16 @@ TEST_F(LocaleStyleTest, IsTheSignedInUsersAndNotTheSystems) {
     EXPECT_EQ(dateOrder(locale), DateOrder::dayMonthYear);
 }
 
+TEST_F(LocaleStyleTest, ANumberMayBeZero) {
+    for (const std::uint32_t item : {0x19U, 0x1BU, 0x1CU}) {
+        locale.set(item, "0");
+    }
+    const MoneyStyle style = moneyStyle(locale);
+    EXPECT_EQ(style.digits, 0);
+    EXPECT_EQ(style.positiveOrder, 0);
+    EXPECT_EQ(style.negativeOrder, 0);
+}
+
 TEST_F(LocaleStyleTest, ReadsEachItemByItsSystemNumber) {
     locale.set(0x14, "S");
     locale.set(0x0E, "D");

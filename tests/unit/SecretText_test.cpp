@@ -23,6 +23,14 @@ TEST(SecretText, IsCopiedAndMovedAndStaysItselfWhenAssignedToItself) {
     EXPECT_EQ(moved, card);
 }
 
+TEST(SecretText, WipingLeavesNoByteOfTheMemoryAndNoneBesideItChanges) {
+    std::string memory = "x4111111111111111x";
+
+    wipeMemory(memory.data() + 1, 16);
+
+    EXPECT_EQ(memory, "x" + std::string(16, '\0') + "x");
+}
+
 TEST(SecretText, GrowsCharacterByCharacter) {
     SecretText text;
     std::string wanted;

@@ -42,6 +42,18 @@ TEST_P(SlowReader, IsUnderstoodFromEveryField) {
     EXPECT_TRUE(till.operations().empty());
 }
 
+class ReaderOfAnyExpiry : public FieldsTest {};
+
+TEST_F(ReaderOfAnyExpiry, IsUnderstoodWithTheLastDigitInIt) {
+    goTo("txtDescription");
+
+    type("%B4111111111111111^SMITH/JOHN^2909101000000?");
+    pause();
+
+    EXPECT_EQ(till.list("cboExpMonth").listIndex(), 8);
+    EXPECT_EQ(till.list("cboExpYear").text(), "2029");
+}
+
 class SlowHand : public FieldsTest {};
 
 TEST_F(SlowHand, TypingOnGivesTheBufferNoMoreTime) {
