@@ -9,7 +9,7 @@ namespace tollvane::win32 {
 namespace {
 
 // Deeper than any handler gets with a text of the form.
-constexpr std::size_t kDepth = 64 * 1024;
+constexpr std::size_t kDepth = 65'536;
 
 void fill() {
     std::array<char, kDepth> below; // NOLINT(cppcoreguidelines-pro-type-member-init)

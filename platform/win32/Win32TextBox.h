@@ -38,8 +38,8 @@ private:
     void insertTyped(int character, LPARAM info);
     void insertPasted();
     int room() const;
-    /// Sets the text of a masked box. The system copies a text that it is given as a whole, and frees
-    /// the copy as it is; so it is given short pieces, and only those that are new.
+    /// Sets the text of a masked box. The system copies a text that it is given as a whole, and
+    /// frees the copy as it is; so it is given short pieces, and only those that are new.
     void setInPieces(std::string_view text);
     /// Empties the box and covers what its buffers held.
     void overwriteText();
