@@ -19,7 +19,7 @@ APPROVED = "Approved"
 # What may come and go between two payments, and what memory may grow by over the whole run (KB):
 # the server keeps up to 2 MB of its store at hand, and the simulated processor, which works inside
 # of the program, reads its whole book for every payment.
-SPARE = {"handles": 6, "gdi": 6, "windows": 0}
+SPARE = {"handles": 6, "gdi": 6, "windows": 0, "threads": 4}
 GROWTH = {"Tollvane.exe": 1024 + 5 * TRANSACTIONS, "dcZenda32.exe": 3072}
 
 
@@ -63,7 +63,8 @@ class Clerk:
 
 def held(till, prefix):
     """What the program holds now, and the memory of its two processes."""
-    return {**till.counts(), **{name: footprint.private_kb(prefix, name) for name in GROWTH}}
+    return {**till.counts(), "threads": footprint.threads(prefix, "Tollvane.exe"),
+            **{name: footprint.private_kb(prefix, name) for name in GROWTH}}
 
 
 def growth(samples, name):
