@@ -38,15 +38,7 @@ void SwipeCapture::keyPressed(int& keyAscii) {
         return; // a key of an input method, without a character of its own
     }
     try {
-        try {
-            remember(keyAscii);
-        } catch (...) {
-            // The record is read to its end all the same; the buffer, which lacks a key, is no use.
-            controls_.txtKbBuffer.wipeText();
-            route(keyAscii);
-            throw;
-        }
-        route(keyAscii);
+        read(keyAscii);
     } catch (...) {
         // Whatever went wrong, a character of a card must not land in a field.
         keyAscii = inBurst() ? 0 : keyAscii;
@@ -54,6 +46,18 @@ void SwipeCapture::keyPressed(int& keyAscii) {
         throw;
     }
     waitForPause();
+}
+
+void SwipeCapture::read(int& keyAscii) {
+    try {
+        remember(keyAscii);
+    } catch (...) {
+        // The record is read to its end all the same; the buffer, which lacks a key, is no use.
+        controls_.txtKbBuffer.wipeText();
+        route(keyAscii);
+        throw;
+    }
+    route(keyAscii);
 }
 
 bool SwipeCapture::holding() const {

@@ -60,6 +60,9 @@ private:
     void nameRead(const std::string& name) override;
     void recordEnded(const SecretText& record) override;
 
+    /// Puts the key into the keyboard buffer and gives it to the parsers, which get it also when
+    /// the buffer fails.
+    void read(int& keyAscii);
     void remember(int keyAscii);
     void route(int& keyAscii);
     bool holding() const;

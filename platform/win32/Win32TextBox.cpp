@@ -58,12 +58,19 @@ Win32TextBox::Win32TextBox(FormCore& form, const ControlDescription& description
                         (description.rightAligned ? static_cast<DWORD>(ES_RIGHT) : 0) |
                         (description.masked ? static_cast<DWORD>(ES_PASSWORD) : 0);
     createWindow("EDIT", std::string(description.caption).c_str(), style, WS_EX_CLIENTEDGE);
-    // A buffer that grows leaves its old bytes in freed memory: it is large from the start.
-    native(WM_SETTEXT, 0, ClosedText(std::string(description.masked ? 640 : 64, 'x')).argument());
-    native(WM_SETTEXT, 0, ClosedText(std::string(description.caption)).argument());
-    native(EM_EMPTYUNDOBUFFER, 0, 0);
+    if (isMasked_) {
+        growBuffer();
+    }
     // The length of what is typed is watched by insertTyped.
     native(EM_SETLIMITTEXT, kDefaultMaxLength, 0);
+}
+
+void Win32TextBox::growBuffer() {
+    constexpr std::size_t longestTracks = 640;
+    const SecretText caption = secretText();
+    native(WM_SETTEXT, 0, ClosedText(std::string(longestTracks, 'x')).argument());
+    native(WM_SETTEXT, 0, ClosedText(caption.view()).argument());
+    native(EM_EMPTYUNDOBUFFER, 0, 0);
 }
 
 SecretText Win32TextBox::secretText() const {

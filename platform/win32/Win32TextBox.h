@@ -38,6 +38,9 @@ private:
     void insertTyped(int character, LPARAM info);
     void insertPasted();
     int room() const;
+    /// Makes the system's buffer large before there is a text: one that grows later leaves its old
+    /// bytes in freed memory.
+    void growBuffer();
     /// Sets the text of a masked box. The system copies a text that it is given as a whole, and
     /// frees the copy as it is; so it is given short pieces, and only those that are new.
     void setInPieces(std::string_view text);
