@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 
+#include <cstring>
 #include <ostream>
 #include <utility>
 
@@ -12,10 +13,16 @@ constexpr std::size_t kShownDigits = 4;
 } // namespace
 
 void wipeMemory(void* memory, std::size_t size) noexcept {
+#ifdef __GNUC__
+    std::memset(memory, 0, size);
+    // Says that the bytes are looked at, so that they are written even when nobody reads them.
+    asm volatile("" : : "r"(memory) : "memory");
+#else
     volatile char* bytes = static_cast<volatile char*>(memory);
     for (std::size_t i = 0; i < size; ++i) {
         bytes[i] = 0;
     }
+#endif
 }
 
 void wipe(std::string& text) noexcept {

@@ -41,6 +41,11 @@ private:
     bool active_ = false;
 };
 
+// A dialog that is never shown.
+INT_PTR CALLBACK unseen(HWND /*window*/, UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    return FALSE;
+}
+
 bool hasEdit(DialogItem item) {
     return item == DialogItem::TextBox || item == DialogItem::PasswordBox ||
            item == DialogItem::NumberBox || item == DialogItem::ReadOnlyBox;
@@ -59,6 +64,19 @@ bool ModalDialog::run(HWND owner) {
     if (result == -1)
         throwLastError();
     return result == IDOK;
+}
+
+void ModalDialog::prepare() const noexcept {
+    try {
+        const ModernControls modern;
+        const std::vector<BYTE> bytes = dialogTemplate(layout_);
+        const HWND hidden = CreateDialogIndirectParamW(
+            thisModule(), reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), nullptr, unseen, 0);
+        if (hidden != nullptr)
+            DestroyWindow(hidden);
+    } catch (...) {
+        return; // the dialog loads by itself what it needs
+    }
 }
 
 INT_PTR CALLBACK ModalDialog::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -58,6 +58,10 @@ public:
     // the window procedure: its text is shown in a message box and the dialog stays.
     bool run(HWND owner);
 
+    // Has what run() will need of the system loaded (controls, fonts, theme) while there is time.
+    // Nothing is shown and no handler is called; without the system's help nothing happens.
+    void prepare() const noexcept;
+
 protected:
     explicit ModalDialog(const DialogLayout& layout) : layout_(layout) {}
 

@@ -5,6 +5,7 @@
 #include "components/environment/LoginObject.h"
 #include "components/environment/PaymentComparison.h"
 #include "components/environment/UserObjects.h"
+#include "components/environment/dialogs/frmLogin.h"
 
 namespace tollvane::environment {
 
@@ -41,9 +42,9 @@ HRESULT EnvironmentObject::get_CurrentUser(IDispatch** user) {
 HRESULT EnvironmentObject::get_DCServer(BSTR* computer) {
     return com::guarded(interfaceId(), kSource, [&] {
         const std::wstring name = state_->dcServer();
-        // Whoever asks is about to connect.
+        // Whoever asks is about to connect, and then to have the operator sign in.
         if (name.empty())
-            startHostDataServer();
+            startHostDataServer([this] { frmLogin(*state_).prepare(); });
         give(computer, name);
     });
 }

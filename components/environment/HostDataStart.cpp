@@ -68,7 +68,7 @@ private:
 
 } // namespace
 
-void startHostDataServer() noexcept {
+void startHostDataServer(const std::function<void()>& meanwhile) noexcept {
     try {
         const Turn turn;
         const com::ServerSign sign(com::kHostDataSign);
@@ -78,8 +78,10 @@ void startHostDataServer() noexcept {
         if (command.empty())
             return;
         const Process server(command);
-        if (server.handle() != nullptr)
-            sign.await(server.handle(), kPatienceMilliseconds);
+        if (server.handle() == nullptr)
+            return;
+        meanwhile();
+        sign.await(server.handle(), kPatienceMilliseconds);
     } catch (...) {
         // The system's own way is still open.
         return;

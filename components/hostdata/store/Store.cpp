@@ -6,6 +6,10 @@
 
 namespace tollvane::hostdata {
 
+void Store::open() {
+    read([](Database&) {});
+}
+
 Database& Store::opened() {
     if (!database_) {
         const std::u8string path(path_.begin(), path_.end());

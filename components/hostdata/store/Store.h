@@ -40,6 +40,9 @@ public:
         });
     }
 
+    // Has the file opened and looked at before it is needed. Raises what the first work would.
+    void open();
+
     // Waits for the work that is being done; the next one opens the file again.
     void close() {
         const std::lock_guard lock(mutex_);

@@ -2,6 +2,7 @@
 #include "components/hostdata/tests/TestSupport.h"
 
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <future>
 #include <thread>
@@ -32,6 +33,27 @@ TEST(Store, CreatesItsFolderAndTables) {
     const TestFolder folder;
     Store store(folder.file("shop one/data/hostdata.db"));
     EXPECT_EQ(rows(store), 1);
+}
+
+TEST(Store, OpeningItEarlyMakesItsFile) {
+    const TestFolder folder;
+    Store store(folder.file("early/hostdata.db"));
+    store.open();
+    EXPECT_TRUE(std::filesystem::exists(folder.file("early/hostdata.db")));
+    EXPECT_EQ(rows(store), 1);
+}
+
+TEST(Store, OpeningItEarlyRaisesWhatTheFirstWorkWould) {
+    const TestFolder folder;
+    std::ofstream(folder.file()) << "not a store, but longer than the header of one is, by a lot";
+    Store store(folder.file());
+    try {
+        store.open();
+        FAIL() << "a damaged file was opened";
+    } catch (const HostDataError& error) {
+        EXPECT_EQ(error.failure(), Failure::storeDamaged);
+    }
+    EXPECT_THROW(rows(store), HostDataError);
 }
 
 TEST(Store, FailedWorkLeavesNothingBehind) {

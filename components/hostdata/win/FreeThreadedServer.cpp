@@ -105,18 +105,20 @@ void serveLateArrivals() {
 
 } // namespace
 
-void runFreeThreaded(const com::ServerClasses& server, void (*atRest)()) {
+void runFreeThreaded(const com::ServerClasses& server, const ServerSteps& steps) {
     const MultithreadedApartment apartment;
     const IdleEvent idle;
     OfferedClasses offered(server);
     const com::ServerSign sign(com::kHostDataSign);
+    sign.show();
+    steps.onOffer();
     do {
         sign.show();
         IdleEvent::wait(kUnusedMilliseconds);
         sign.hide();
     } while (!mayEnd());
     offered.withdraw();
-    atRest();
+    steps.atRest();
     serveLateArrivals();
 }
 

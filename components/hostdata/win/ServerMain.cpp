@@ -28,6 +28,20 @@ std::wstring lowered(const wchar_t* text) {
     return result;
 }
 
+// The first client asks for the operators at once; the store is looked at while it connects.
+void openStore() {
+    try {
+        hostdata::services().store.open();
+    } catch (...) {
+        // The client's own call tries again, and tells.
+    }
+}
+
+// At rest the store is free for others: to be copied, moved, or used by the next process.
+void closeStore() {
+    hostdata::services().store.close();
+}
+
 int run(const wchar_t* commandLine) {
     const std::wstring line = lowered(commandLine);
     if (line.find(L"unregserver") != std::wstring::npos) {
@@ -40,8 +54,7 @@ int run(const wchar_t* commandLine) {
             hostdata::registerIdentity();
         return result;
     }
-    // At rest the store is free for others: to be copied, moved, or used by the next process.
-    hostdata::runFreeThreaded(server, [] { hostdata::services().store.close(); });
+    hostdata::runFreeThreaded(server, {.onOffer = openStore, .atRest = closeStore});
     return 0;
 }
 
