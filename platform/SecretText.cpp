@@ -3,7 +3,6 @@
 #include "platform/Error.h"
 
 #include <cstring>
-#include <ostream>
 #include <utility>
 
 namespace tollvane {
@@ -81,10 +80,6 @@ std::string SecretText::masked() const {
     }
     const std::size_t hidden = bytes_.size() - kShownDigits;
     return std::string(hidden, '*') + std::string(view().substr(hidden));
-}
-
-std::ostream& operator<<(std::ostream& out, const SecretText& secret) {
-    return out << "<secret, " << secret.size() << " characters>";
 }
 
 } // namespace tollvane

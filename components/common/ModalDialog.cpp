@@ -6,6 +6,8 @@
 #include "components/common/DialogTemplate.h"
 #include "components/common/ModuleLock.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 
 namespace tollvane::com {
@@ -41,6 +43,12 @@ private:
     bool active_ = false;
 };
 
+// The library of the controls comes with the first window; `modern` says which version of it.
+void loadControls(const ModernControls& /*modern*/) noexcept {
+    const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&wanted);
+}
+
 // A dialog that is never shown.
 INT_PTR CALLBACK unseen(HWND /*window*/, UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
     return FALSE;
@@ -54,7 +62,8 @@ bool hasEdit(DialogItem item) {
 } // namespace
 
 bool ModalDialog::run(HWND owner) {
-    ModernControls modern;
+    const ModernControls modern;
+    loadControls(modern);
     owner_ = owner;
     const std::vector<BYTE> bytes = dialogTemplate(layout_);
     const INT_PTR result =
@@ -69,6 +78,7 @@ bool ModalDialog::run(HWND owner) {
 void ModalDialog::prepare() const noexcept {
     try {
         const ModernControls modern;
+        loadControls(modern);
         const std::vector<BYTE> bytes = dialogTemplate(layout_);
         const HWND hidden = CreateDialogIndirectParamW(
             thisModule(), reinterpret_cast<LPCDLGTEMPLATEW>(bytes.data()), nullptr, unseen, 0);

@@ -84,7 +84,7 @@ std::vector<ApprovedPayment> approvedPayments(std::string_view log, std::string_
     }
 }
 
-std::vector<ApprovedPayment> approvedPayments(FileStore& files, const std::filesystem::path& log,
+std::vector<ApprovedPayment> approvedPayments(FileStore& files, const FilePath& log,
                                               const Moment& now, int days) {
     const std::uint64_t size = files.size(log);
     const std::uint64_t start = size > longestTail ? size - longestTail : 0;

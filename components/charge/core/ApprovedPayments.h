@@ -28,7 +28,7 @@ std::vector<ApprovedPayment> approvedPayments(std::string_view log, std::string_
 
 // The same of a log file, for a number of days that ends now. No more than the last megabyte (some
 // 5,000 lines) is read. Raises FileFailure.
-std::vector<ApprovedPayment> approvedPayments(FileStore& files, const std::filesystem::path& log,
+std::vector<ApprovedPayment> approvedPayments(FileStore& files, const FilePath& log,
                                               const Moment& now, int days);
 
 // A line each: transaction, amount times 10,000, approval code, last four digits, time and type,

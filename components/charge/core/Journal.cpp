@@ -82,8 +82,7 @@ void apply(const Record& record, std::vector<OpenOperation>& open) {
 
 } // namespace
 
-Journal::Journal(FileStore& files, const std::filesystem::path& path)
-    : file_(files, path, "journal") {}
+Journal::Journal(FileStore& files, const FilePath& path) : file_(files, path, "journal") {}
 
 std::vector<OpenOperation> Journal::load() {
     std::vector<OpenOperation> open;

@@ -18,7 +18,7 @@ struct OpenOperation {
 
 class Journal {
 public:
-    Journal(FileStore& files, const std::filesystem::path& path);
+    Journal(FileStore& files, const FilePath& path);
 
     // What is not closed, oldest first. Raises FileFailure and failurenumber::damagedFile.
     std::vector<OpenOperation> load();

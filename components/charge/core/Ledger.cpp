@@ -84,8 +84,7 @@ bool isSamePayment(const LedgerEntry& entry, const ProcessorRequest& request) {
 
 } // namespace
 
-Ledger::Ledger(FileStore& files, const std::filesystem::path& path)
-    : file_(files, path, "processor's ledger") {}
+Ledger::Ledger(FileStore& files, const FilePath& path) : file_(files, path, "processor's ledger") {}
 
 void Ledger::load() {
     std::vector<LedgerEntry> loaded;

@@ -31,7 +31,7 @@ struct LedgerEntry {
 
 class Ledger {
 public:
-    Ledger(FileStore& files, const std::filesystem::path& path);
+    Ledger(FileStore& files, const FilePath& path);
 
     // Reads the file. Raises FileFailure and failurenumber::damagedFile.
     void load();

@@ -8,7 +8,7 @@ OperationBook::OperationBook(FileStore& files, const Settings& settings)
     : lock_(files.lock(settings.dataFolder)), journal_(files, journalPath(settings.dataFolder)),
       log_(files, settings.logFolder / settings.logFileName), open_(journal_.load()) {}
 
-std::filesystem::path OperationBook::journalPath(const std::filesystem::path& folder) {
+FilePath OperationBook::journalPath(const FilePath& folder) {
     return folder / "journal.dat";
 }
 

@@ -31,7 +31,7 @@ public:
 
     TransactionLog& log() noexcept { return log_; }
 
-    static std::filesystem::path journalPath(const std::filesystem::path& folder);
+    static FilePath journalPath(const FilePath& folder);
 
 private:
     void settleOne(const OpenOperation& operation, Processor& processor);

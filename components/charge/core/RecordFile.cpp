@@ -93,7 +93,7 @@ DecodedRecords decodeRecords(std::string_view content) {
     return result;
 }
 
-RecordFile::RecordFile(FileStore& files, std::filesystem::path path, std::string title)
+RecordFile::RecordFile(FileStore& files, FilePath path, std::string title)
     : files_(files), path_(std::move(path)), title_(std::move(title)) {}
 
 std::vector<Record> RecordFile::load() {
@@ -101,7 +101,7 @@ std::vector<Record> RecordFile::load() {
     DecodedRecords decoded = decodeRecords(content);
     if (decoded.damaged)
         throw failure(failurenumber::damagedFile, "Files",
-                      "The " + title_ + " \"" + path_.filename().string() +
+                      "The " + title_ + " \"" + path_.name().plainText() +
                           "\" is damaged. Nothing was sent. Put the file right from a backup.");
     size_ = decoded.validSize;
     if (content.size() > size_)

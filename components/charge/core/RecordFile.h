@@ -6,7 +6,6 @@
 #include "components/charge/core/FileStore.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,7 +27,7 @@ DecodedRecords decodeRecords(std::string_view content);
 class RecordFile {
 public:
     // title: what the file is to a person, such as "ledger".
-    RecordFile(FileStore& files, std::filesystem::path path, std::string title);
+    RecordFile(FileStore& files, FilePath path, std::string title);
 
     // All records. Cuts off a half-written one. Raises FileFailure, or failurenumber::damagedFile
     // for a file that is damaged.
@@ -47,7 +46,7 @@ private:
     void cutLeftovers();
 
     FileStore& files_;
-    std::filesystem::path path_;
+    FilePath path_;
     std::string title_;
     std::uint64_t size_ = 0;
 };

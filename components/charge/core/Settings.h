@@ -1,7 +1,8 @@
 // What a shop can set about the component. Read anew for every operation, never cached.
 #pragma once
 
-#include <filesystem>
+#include "components/charge/core/FilePath.h"
+
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,9 @@ struct Settings {
     bool testMode = true;
     std::string merchantId; // the shop's account at the processor, for the log
     int duplicateWindowSeconds = defaultDuplicateWindowSeconds; // 0: duplicates are not refused
-    std::filesystem::path dataFolder;                           // journal and ledgers
-    std::filesystem::path logFolder;
-    std::filesystem::path logFileName = defaultLogFileName;
+    FilePath dataFolder;                                        // journal and ledgers
+    FilePath logFolder;
+    FilePath logFileName = defaultLogFileName;
 };
 
 // Whether a text can be the name of a file in any folder: no path, none of the characters that file

@@ -49,11 +49,10 @@ LedgerEntry entryFor(const ProcessorRequest& request, ProcessorAnswer answer, bo
 
 } // namespace
 
-SimulatedProcessor::SimulatedProcessor(FileStore& files, std::filesystem::path folder)
+SimulatedProcessor::SimulatedProcessor(FileStore& files, FilePath folder)
     : files_(files), folder_(std::move(folder)) {}
 
-std::filesystem::path SimulatedProcessor::ledgerPath(const std::filesystem::path& folder,
-                                                     bool testMode) {
+FilePath SimulatedProcessor::ledgerPath(const FilePath& folder, bool testMode) {
     return folder / (testMode ? "ledger-test.dat" : "ledger-live.dat");
 }
 

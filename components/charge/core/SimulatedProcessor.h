@@ -7,20 +7,18 @@
 #include "components/charge/core/Ledger.h"
 #include "components/charge/core/Processor.h"
 
-#include <filesystem>
-
 namespace tollvane::charge {
 
 class SimulatedProcessor final : public Processor {
 public:
-    SimulatedProcessor(FileStore& files, std::filesystem::path folder);
+    SimulatedProcessor(FileStore& files, FilePath folder);
 
     // A ledger that cannot be written makes it unreachable; nothing is then charged.
     ProcessorAnswer submit(const ProcessorRequest& request) override;
     std::optional<ProcessorAnswer> find(const std::string& key, bool testMode) override;
 
     // Where the ledger of one side is kept.
-    static std::filesystem::path ledgerPath(const std::filesystem::path& folder, bool testMode);
+    static FilePath ledgerPath(const FilePath& folder, bool testMode);
 
 private:
     Ledger openLedger(bool testMode) const;
@@ -28,7 +26,7 @@ private:
                            bool settledAtOnce) const;
 
     FileStore& files_;
-    std::filesystem::path folder_;
+    FilePath folder_;
     bool lineDead_ = false;
 };
 

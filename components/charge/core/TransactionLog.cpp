@@ -98,7 +98,7 @@ bool isAsWritten(std::string_view line) {
            line.substr(line.size() - checkSize) == checkOf(line.substr(0, line.size() - checkSize));
 }
 
-TransactionLog::TransactionLog(FileStore& files, std::filesystem::path path)
+TransactionLog::TransactionLog(FileStore& files, FilePath path)
     : files_(files), path_(std::move(path)) {}
 
 // A crash may leave a line without its end, or the blanks of a probe.

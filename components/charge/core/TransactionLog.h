@@ -6,7 +6,6 @@
 #include "components/charge/core/FileStore.h"
 #include "components/charge/core/OperationNote.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -19,7 +18,7 @@ bool isAsWritten(std::string_view line);
 
 class TransactionLog {
 public:
-    TransactionLog(FileStore& files, std::filesystem::path path);
+    TransactionLog(FileStore& files, FilePath path);
 
     // All raise FileFailure.
 
@@ -39,7 +38,7 @@ private:
     void appendLine(std::string line);
 
     FileStore& files_;
-    std::filesystem::path path_;
+    FilePath path_;
 };
 
 } // namespace tollvane::charge

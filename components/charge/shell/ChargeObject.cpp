@@ -13,12 +13,12 @@ namespace tollvane::charge {
 
 namespace {
 
-std::string textOf(const std::filesystem::path& path) {
+std::string textOf(const FilePath& path) {
     return com::narrow(std::wstring_view(path.native()));
 }
 
 // "C:\Log" for "C:\Log\": callers put the backslash themselves.
-std::string folderText(const std::filesystem::path& folder) {
+std::string folderText(const FilePath& folder) {
     std::string text = textOf(folder);
     while (text.size() > 1 && (text.back() == '\\' || text.back() == '/'))
         text.pop_back();

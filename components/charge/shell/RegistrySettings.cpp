@@ -22,10 +22,9 @@ constexpr const wchar_t* dataFolderName = L"DataFolder";
 constexpr const wchar_t* logFolderName = L"LogFolder";
 constexpr const wchar_t* logFileNameName = L"LogFileName";
 
-std::filesystem::path pathOr(const com::RegistryKey& key, const wchar_t* name,
-                             std::filesystem::path otherwise) {
+FilePath pathOr(const com::RegistryKey& key, const wchar_t* name, FilePath otherwise) {
     auto text = key.text(name);
-    return text && !text->empty() ? std::filesystem::path(*std::move(text)) : std::move(otherwise);
+    return text && !text->empty() ? FilePath(*std::move(text)) : std::move(otherwise);
 }
 
 int duplicateWindow(const com::RegistryKey& key) {
@@ -72,11 +71,11 @@ void RegistrySettings::writeFolders(const Settings& settings) {
     key.setText(logFileNameName, settings.logFileName.native());
 }
 
-std::filesystem::path RegistrySettings::defaultFolder() {
+FilePath RegistrySettings::defaultFolder() {
     wchar_t folder[MAX_PATH] = {};
     com::check(
         SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder));
-    return std::filesystem::path(folder) / L"Norrow Programs" / L"Zendacard";
+    return FilePath(std::wstring(folder)) / "Norrow Programs" / "Zendacard";
 }
 
 } // namespace tollvane::charge

@@ -19,7 +19,7 @@ public:
     void writeFolders(const Settings& settings);
 
     // "Norrow Programs\Zendacard" in the folder for all users' data.
-    static std::filesystem::path defaultFolder();
+    static FilePath defaultFolder();
 };
 
 } // namespace tollvane::charge

@@ -2,12 +2,12 @@
 
 #include "components/common/ComFailure.h"
 #include "components/common/ComText.h"
+#include "components/common/Folders.h"
 
 #include <objbase.h>
 #include <shlobj.h>
 
 #include <memory>
-#include <system_error>
 #include <utility>
 
 namespace tollvane::charge {
@@ -44,6 +44,17 @@ struct ShellFree {
     void operator()(void* memory) const noexcept { CoTaskMemFree(memory); }
 };
 
+bool isSeparator(wchar_t character) {
+    return character == L'\\' || character == L'/';
+}
+
+// "C:\Data" or "\\server\share": the same folder wherever the process stands.
+bool isWhole(const std::wstring& path) {
+    if (path.size() < 3)
+        return false;
+    return isSeparator(path[0]) ? isSeparator(path[1]) : path[1] == L':' && isSeparator(path[2]);
+}
+
 } // namespace
 
 SettingsDialog::SettingsDialog(Settings settings)
@@ -76,18 +87,14 @@ void SettingsDialog::browse(int boxId, const wchar_t* title) {
     focus(boxId);
 }
 
-bool SettingsDialog::acceptFolder(int boxId, std::filesystem::path& folder) {
-    const std::filesystem::path entered = com::widen(text(boxId));
-    if (!entered.is_absolute()) {
+bool SettingsDialog::acceptFolder(int boxId, FilePath& folder) {
+    const FilePath entered(com::widen(text(boxId)));
+    if (!isWhole(entered.native())) {
         complain("Enter a whole path, such as \"C:\\Data\".", boxId);
         return false;
     }
-    std::error_code problem;
-    std::filesystem::create_directories(entered, problem);
-    if (!std::filesystem::is_directory(entered)) {
-        complain("This folder cannot be made. " +
-                     com::systemText(static_cast<DWORD>(problem.value())),
-                 boxId);
+    if (const DWORD status = com::makeFolders(entered.native())) {
+        complain("This folder cannot be made. " + com::systemText(status), boxId);
         return false;
     }
     folder = entered;
@@ -103,7 +110,7 @@ bool SettingsDialog::onOk() {
                  idLogName);
         return false;
     }
-    settings_.logFileName = com::widen(name);
+    settings_.logFileName = FilePath(com::widen(name));
     return acceptFolder(idDataFolder, settings_.dataFolder);
 }
 

@@ -20,7 +20,7 @@ private:
 
     void browse(int boxId, const wchar_t* title);
     // Complains and answers false when the text is no folder that is there or can be made.
-    bool acceptFolder(int boxId, std::filesystem::path& folder);
+    bool acceptFolder(int boxId, FilePath& folder);
 
     Settings settings_;
 };

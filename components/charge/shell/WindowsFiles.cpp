@@ -2,11 +2,11 @@
 
 #include "components/common/ComFailure.h"
 #include "components/common/ComText.h"
+#include "components/common/Folders.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace tollvane::charge {
@@ -17,7 +17,7 @@ constexpr int lockAttempts = 100;
 constexpr DWORD lockPauseMilliseconds = 100;
 constexpr std::uint64_t largestPiece = 1u << 20;
 
-[[noreturn]] void fail(const std::filesystem::path& file, DWORD status) {
+[[noreturn]] void fail(const FilePath& file, DWORD status) {
     throw FileFailure("\"" + com::narrow(std::wstring_view(file.native())) +
                       "\": " + com::systemText(status));
 }
@@ -25,7 +25,7 @@ constexpr std::uint64_t largestPiece = 1u << 20;
 // Move-only owner of a file handle.
 class File {
 public:
-    File(const std::filesystem::path& path, DWORD access, DWORD sharing, DWORD disposition)
+    File(const FilePath& path, DWORD access, DWORD sharing, DWORD disposition)
         : handle_(CreateFileW(path.c_str(), access, sharing, nullptr, disposition,
                               FILE_ATTRIBUTE_NORMAL, nullptr)) {}
     File(File&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
@@ -52,14 +52,12 @@ private:
     File file_;
 };
 
-void makeFolder(const std::filesystem::path& folder) {
-    std::error_code problem;
-    std::filesystem::create_directories(folder, problem);
-    if (problem && !std::filesystem::is_directory(folder))
-        fail(folder, static_cast<DWORD>(problem.value()));
+void makeFolder(const FilePath& folder) {
+    if (const DWORD status = com::makeFolders(folder.native()))
+        fail(folder, status);
 }
 
-File openExisting(const std::filesystem::path& path, DWORD access) {
+File openExisting(const FilePath& path, DWORD access) {
     File file(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
     if (!file.isOpen()) {
         const DWORD status = GetLastError();
@@ -69,28 +67,28 @@ File openExisting(const std::filesystem::path& path, DWORD access) {
     return file;
 }
 
-std::uint64_t sizeOf(const File& file, const std::filesystem::path& path) {
+std::uint64_t sizeOf(const File& file, const FilePath& path) {
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.get(), &size))
         fail(path, GetLastError());
     return static_cast<std::uint64_t>(size.QuadPart);
 }
 
-void moveTo(const File& file, const std::filesystem::path& path, std::uint64_t place) {
+void moveTo(const File& file, const FilePath& path, std::uint64_t place) {
     LARGE_INTEGER target{};
     target.QuadPart = static_cast<LONGLONG>(place);
     if (!SetFilePointerEx(file.get(), target, nullptr, FILE_BEGIN))
         fail(path, GetLastError());
 }
 
-void flush(const File& file, const std::filesystem::path& path) {
+void flush(const File& file, const FilePath& path) {
     if (!FlushFileBuffers(file.get()))
         fail(path, GetLastError());
 }
 
 } // namespace
 
-std::string WindowsFiles::read(const std::filesystem::path& path, std::uint64_t from) {
+std::string WindowsFiles::read(const FilePath& path, std::uint64_t from) {
     const File file = openExisting(path, GENERIC_READ);
     if (!file.isOpen())
         return {};
@@ -114,13 +112,13 @@ std::string WindowsFiles::read(const std::filesystem::path& path, std::uint64_t 
     return content;
 }
 
-std::uint64_t WindowsFiles::size(const std::filesystem::path& path) {
+std::uint64_t WindowsFiles::size(const FilePath& path) {
     const File file = openExisting(path, GENERIC_READ);
     return file.isOpen() ? sizeOf(file, path) : 0;
 }
 
-void WindowsFiles::append(const std::filesystem::path& path, std::string_view bytes) {
-    makeFolder(path.parent_path());
+void WindowsFiles::append(const FilePath& path, std::string_view bytes) {
+    makeFolder(path.folder());
     const File file(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS);
     if (!file.isOpen())
         fail(path, GetLastError());
@@ -134,7 +132,7 @@ void WindowsFiles::append(const std::filesystem::path& path, std::string_view by
     flush(file, path);
 }
 
-void WindowsFiles::truncate(const std::filesystem::path& path, std::uint64_t size) {
+void WindowsFiles::truncate(const FilePath& path, std::uint64_t size) {
     const File file = openExisting(path, GENERIC_WRITE);
     if (!file.isOpen())
         return;
@@ -144,9 +142,9 @@ void WindowsFiles::truncate(const std::filesystem::path& path, std::uint64_t siz
     flush(file, path);
 }
 
-std::unique_ptr<FileStore::Lock> WindowsFiles::lock(const std::filesystem::path& folder) {
+std::unique_ptr<FileStore::Lock> WindowsFiles::lock(const FilePath& folder) {
     makeFolder(folder);
-    const std::filesystem::path path = folder / "zendacard.lck";
+    const FilePath path = folder / "zendacard.lck";
     for (int attempt = 1;; ++attempt) {
         File file(path, GENERIC_WRITE, 0, OPEN_ALWAYS);
         if (file.isOpen())

@@ -23,38 +23,37 @@ public:
     };
 
     using FileStore::read;
-    std::string read(const std::filesystem::path& file, std::uint64_t from) override {
+    std::string read(const FilePath& file, std::uint64_t from) override {
         if (unreadable_ == file)
             throw FileFailure("The disk cannot be read.");
-        const auto found = contents.find(file.string());
+        const auto found = contents.find(file.plainText());
         if (found == contents.end() || from >= found->second.size())
             return {};
         return found->second.substr(from);
     }
-    std::uint64_t size(const std::filesystem::path& file) override {
-        const auto found = contents.find(file.string());
+    std::uint64_t size(const FilePath& file) override {
+        const auto found = contents.find(file.plainText());
         return found == contents.end() ? 0 : found->second.size();
     }
-    void append(const std::filesystem::path& file, std::string_view bytes) override {
+    void append(const FilePath& file, std::string_view bytes) override {
         change(file, [&](std::string& content, std::size_t part) {
             content += bytes.substr(0, bytes.size() * part / 2);
         });
     }
-    void truncate(const std::filesystem::path& file, std::uint64_t size) override {
+    void truncate(const FilePath& file, std::uint64_t size) override {
         change(file, [&](std::string& content, std::size_t part) {
             if (part == 2)
                 content.resize(size);
         });
     }
-    std::unique_ptr<Lock> lock(const std::filesystem::path&) override {
+    std::unique_ptr<Lock> lock(const FilePath&) override {
         ++locks;
         return std::make_unique<Lock>();
     }
 
     // The change with this number (the first is 1) and, when repeated is set, every later one
     // fails. With a file given, only changes of this file count.
-    void failAt(int number, Fault fault, bool repeated = false,
-                const std::filesystem::path& file = {}) {
+    void failAt(int number, Fault fault, bool repeated = false, const FilePath& file = {}) {
         changes = 0;
         failing_ = number;
         fault_ = fault;
@@ -65,7 +64,7 @@ public:
         failAt(0, Fault::None);
         dark_ = false;
     }
-    void makeUnreadable(const std::filesystem::path& file) { unreadable_ = file; }
+    void makeUnreadable(const FilePath& file) { unreadable_ = file; }
 
     bool anyContains(const std::string& text) const {
         for (const auto& [name, content] : contents) {
@@ -81,10 +80,10 @@ public:
 
 private:
     template <class Change>
-    void change(const std::filesystem::path& file, Change apply) {
+    void change(const FilePath& file, Change apply) {
         if (dark_)
             throw PowerCut();
-        std::string& content = contents[file.string()];
+        std::string& content = contents[file.plainText()];
         if (file_.empty() || file_ == file)
             ++changes;
         const bool hit = failing_ > 0 && (file_.empty() || file_ == file) &&
@@ -107,8 +106,8 @@ private:
     int failing_ = 0;
     Fault fault_ = Fault::None;
     bool repeated_ = false;
-    std::filesystem::path file_;
-    std::filesystem::path unreadable_ = "none";
+    FilePath file_;
+    FilePath unreadable_ = "none";
 };
 
 } // namespace tollvane::charge

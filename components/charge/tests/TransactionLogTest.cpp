@@ -64,13 +64,11 @@ TEST(TransactionLog, LinesOfAllOutcomesStandInTheSameColumns) {
 class EmptiedFiles final : public FileStore {
 public:
     using FileStore::read;
-    std::string read(const std::filesystem::path&, std::uint64_t) override { return {}; }
-    std::uint64_t size(const std::filesystem::path&) override { return 40; }
-    void append(const std::filesystem::path&, std::string_view bytes) override { added += bytes; }
-    void truncate(const std::filesystem::path&, std::uint64_t) override { ++cuts; }
-    std::unique_ptr<Lock> lock(const std::filesystem::path&) override {
-        return std::make_unique<Lock>();
-    }
+    std::string read(const FilePath&, std::uint64_t) override { return {}; }
+    std::uint64_t size(const FilePath&) override { return 40; }
+    void append(const FilePath&, std::string_view bytes) override { added += bytes; }
+    void truncate(const FilePath&, std::uint64_t) override { ++cuts; }
+    std::unique_ptr<Lock> lock(const FilePath&) override { return std::make_unique<Lock>(); }
 
     std::string added;
     int cuts = 0;

@@ -1,8 +1,7 @@
 #include "components/hostdata/store/Store.h"
 
 #include "components/hostdata/store/Schema.h"
-
-#include <filesystem>
+#include "components/hostdata/store/StoreFiles.h"
 
 namespace tollvane::hostdata {
 
@@ -12,9 +11,7 @@ void Store::open() {
 
 Database& Store::opened() {
     if (!database_) {
-        const std::u8string path(path_.begin(), path_.end());
-        std::error_code ignored; // the open below says what is wrong
-        std::filesystem::create_directories(std::filesystem::path(path).parent_path(), ignored);
+        makeFoldersOf(path_);
         auto database = std::make_unique<Database>(path_);
         prepareSchema(*database);
         database_ = std::move(database);

@@ -5,13 +5,12 @@
 #include "components/hostdata/store/Database.h"
 #include "components/hostdata/store/Schema.h"
 #include "components/hostdata/store/StoreFailure.h"
+#include "components/hostdata/store/StoreFiles.h"
 
 #include <sqlite3.h>
 
 #include <chrono>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 #include <thread>
 
 namespace tollvane::hostdata {
@@ -24,17 +23,8 @@ constexpr int kPauses = 250;
 constexpr std::size_t kMostRecords = 20;
 constexpr const char* kManyProblems = "PRAGMA integrity_check(20)";
 
-std::filesystem::path pathOf(const std::string& utf8) {
-    return std::u8string(utf8.begin(), utf8.end());
-}
-
-bool isThere(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(pathOf(path), ignored);
-}
-
 void requireFile(const std::string& path) {
-    if (!isThere(path))
+    if (!fileExists(path))
         throw HostDataError(Failure::storeNotOpened,
                             "There is no host data file yet. It is made when the first operator "
                             "is entered.");
@@ -104,26 +94,20 @@ void copyAndCheck(const std::string& path, const std::string& part) {
 // The unfinished copy, gone again unless it was moved to its place.
 class PartFile {
 public:
-    explicit PartFile(std::string path) : path_(std::move(path)) { remove(); }
+    explicit PartFile(std::string path) : path_(std::move(path)) { removeFile(path_); }
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
-    ~PartFile() { remove(); }
+    ~PartFile() { removeFile(path_); }
 
     [[nodiscard]] const std::string& path() const noexcept { return path_; }
     void moveTo(const std::string& target) const {
-        std::error_code problem;
-        std::filesystem::rename(pathOf(path_), pathOf(target), problem);
-        if (problem)
+        if (const std::error_code problem = moveFile(path_, target))
             throw HostDataError(Failure::storeNotWritable,
                                 "The copy could not be put into its place. (" + problem.message() +
                                     ")");
     }
 
 private:
-    void remove() const noexcept {
-        std::error_code ignored;
-        std::filesystem::remove(pathOf(path_), ignored);
-    }
     std::string path_;
 };
 
@@ -131,12 +115,12 @@ private:
 
 StoreFacts storeFacts(const std::string& path) {
     StoreFacts facts;
-    if (!isThere(path))
+    if (!fileExists(path))
         return facts;
     Database database(path);
     requireOurSchema(database);
     facts.exists = true;
-    facts.bytes = std::filesystem::file_size(pathOf(path));
+    facts.bytes = fileSize(path);
     facts.payments = number(database, "SELECT count(*) FROM payments");
     facts.operators = number(database, "SELECT count(*) FROM operators");
     return facts;
@@ -151,8 +135,7 @@ StoreCheck checkStore(const std::string& path) {
 
 void backUpStore(const std::string& path, const std::string& target) {
     requireFile(path);
-    std::error_code ignored;
-    if (std::filesystem::equivalent(pathOf(path), pathOf(target), ignored))
+    if (isSameFile(path, target))
         throw HostDataError(Failure::backupRefused,
                             "This is the host data file itself. Choose another name for the copy.");
     const PartFile part(target + ".part");

@@ -18,15 +18,15 @@ class Snapshot final : public charge::FileStore {
 public:
     explicit Snapshot(SimulatedDisk& disk) : disk_(disk) {}
 
-    std::string read(const std::filesystem::path& file, std::uint64_t from) override {
-        return disk_.contents(file.string()).substr(from);
+    std::string read(const charge::FilePath& file, std::uint64_t from) override {
+        return disk_.contents(file.plainText()).substr(from);
     }
-    std::uint64_t size(const std::filesystem::path& file) override {
-        return disk_.contents(file.string()).size();
+    std::uint64_t size(const charge::FilePath& file) override {
+        return disk_.contents(file.plainText()).size();
     }
-    void append(const std::filesystem::path&, std::string_view) override {}
-    void truncate(const std::filesystem::path&, std::uint64_t) override {}
-    std::unique_ptr<Lock> lock(const std::filesystem::path&) override { return nullptr; }
+    void append(const charge::FilePath&, std::string_view) override {}
+    void truncate(const charge::FilePath&, std::uint64_t) override {}
+    std::unique_ptr<Lock> lock(const charge::FilePath&) override { return nullptr; }
 
 private:
     SimulatedDisk& disk_;

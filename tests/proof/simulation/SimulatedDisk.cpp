@@ -41,23 +41,23 @@ void SimulatedDisk::cutPower() {
     throw PowerCut();
 }
 
-std::string SimulatedDisk::read(const std::filesystem::path& file, std::uint64_t from) {
+std::string SimulatedDisk::read(const charge::FilePath& file, std::uint64_t from) {
     requirePower();
     if (trouble_ == Trouble::unreadable && strikes()) {
         throw charge::FileFailure("The disk cannot be read.");
     }
-    const std::string& content = files_[file.string()];
+    const std::string& content = files_[file.plainText()];
     return from >= content.size() ? std::string() : content.substr(from);
 }
 
-std::uint64_t SimulatedDisk::size(const std::filesystem::path& file) {
+std::uint64_t SimulatedDisk::size(const charge::FilePath& file) {
     requirePower();
-    return files_[file.string()].size();
+    return files_[file.plainText()].size();
 }
 
-void SimulatedDisk::append(const std::filesystem::path& file, std::string_view bytes) {
+void SimulatedDisk::append(const charge::FilePath& file, std::string_view bytes) {
     requirePower();
-    std::string& content = files_[file.string()];
+    std::string& content = files_[file.plainText()];
     switch (trouble_) {
     case Trouble::full:
         if (struck_ || strikes()) {
@@ -91,9 +91,9 @@ void SimulatedDisk::append(const std::filesystem::path& file, std::string_view b
     content += bytes;
 }
 
-void SimulatedDisk::truncate(const std::filesystem::path& file, std::uint64_t size) {
+void SimulatedDisk::truncate(const charge::FilePath& file, std::uint64_t size) {
     requirePower();
-    std::string& content = files_[file.string()];
+    std::string& content = files_[file.plainText()];
     if (trouble_ == Trouble::failedTruncate && strikes()) {
         throw charge::FileFailure("The file cannot be shortened.");
     }
@@ -108,7 +108,7 @@ void SimulatedDisk::truncate(const std::filesystem::path& file, std::uint64_t si
     }
 }
 
-std::unique_ptr<charge::FileStore::Lock> SimulatedDisk::lock(const std::filesystem::path&) {
+std::unique_ptr<charge::FileStore::Lock> SimulatedDisk::lock(const charge::FilePath&) {
     requirePower();
     if (locked_ || (trouble_ == Trouble::inUse && strikes())) {
         throw charge::FileFailure("Another process uses the files.");

@@ -28,11 +28,11 @@ public:
     };
 
     using FileStore::read;
-    std::string read(const std::filesystem::path& file, std::uint64_t from) override;
-    std::uint64_t size(const std::filesystem::path& file) override;
-    void append(const std::filesystem::path& file, std::string_view bytes) override;
-    void truncate(const std::filesystem::path& file, std::uint64_t size) override;
-    std::unique_ptr<Lock> lock(const std::filesystem::path& folder) override;
+    std::string read(const charge::FilePath& file, std::uint64_t from) override;
+    std::uint64_t size(const charge::FilePath& file) override;
+    void append(const charge::FilePath& file, std::string_view bytes) override;
+    void truncate(const charge::FilePath& file, std::uint64_t size) override;
+    std::unique_ptr<Lock> lock(const charge::FilePath& folder) override;
 
     /// The n-th change (or read) from now on meets the trouble.
     void plan(Trouble trouble, int nth);

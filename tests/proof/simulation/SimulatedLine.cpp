@@ -4,7 +4,7 @@
 
 namespace tollvane::simulation {
 
-void Line::deliver(charge::FileStore& files, const std::filesystem::path& folder) {
+void Line::deliver(charge::FileStore& files, const charge::FilePath& folder) {
     if (const auto request = std::exchange(late, std::nullopt)) {
         try {
             charge::SimulatedProcessor(files, folder).submit(*request);

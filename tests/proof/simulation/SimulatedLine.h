@@ -27,13 +27,13 @@ struct Line {
     std::function<void()> whileBusy;
 
     /// What is still under way arrives.
-    void deliver(charge::FileStore& files, const std::filesystem::path& folder);
+    void deliver(charge::FileStore& files, const charge::FilePath& folder);
 };
 
 /// The built-in processor at the other end of a line.
 class ProcessorOnLine final : public charge::Processor {
 public:
-    ProcessorOnLine(charge::FileStore& files, const std::filesystem::path& folder, Line& line)
+    ProcessorOnLine(charge::FileStore& files, const charge::FilePath& folder, Line& line)
         : inner_(files, folder), line_(line) {}
 
     charge::ProcessorAnswer submit(const charge::ProcessorRequest& request) override;

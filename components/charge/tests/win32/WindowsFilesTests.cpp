@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 
 namespace tollvane::charge {
@@ -15,18 +16,19 @@ namespace {
 class WindowsFilesTest : public testing::Test {
 public:
     WindowsFilesTest()
-        : folder_(std::filesystem::temp_directory_path() /
-                  (L"charge" + std::to_wstring(GetCurrentProcessId()))) {
-        std::filesystem::remove_all(folder_);
+        : folder_((std::filesystem::temp_directory_path() /
+                   (L"charge" + std::to_wstring(GetCurrentProcessId())))
+                      .native()) {
+        std::filesystem::remove_all(folder_.native());
     }
     WindowsFilesTest(const WindowsFilesTest&) = delete;
     WindowsFilesTest& operator=(const WindowsFilesTest&) = delete;
-    ~WindowsFilesTest() override { std::filesystem::remove_all(folder_); }
+    ~WindowsFilesTest() override { std::filesystem::remove_all(folder_.native()); }
 
 protected:
     WindowsFiles files;
-    std::filesystem::path folder_;
-    std::filesystem::path file_ = folder_ / L"deep" / L"f.dat";
+    FilePath folder_;
+    FilePath file_ = folder_ / "deep" / "f.dat";
 };
 
 TEST_F(WindowsFilesTest, AFileThatIsNotThereIsEmpty) {
@@ -63,7 +65,7 @@ TEST_F(WindowsFilesTest, TruncateShortens) {
 }
 
 TEST_F(WindowsFilesTest, AFailureNamesTheFileAndTheReason) {
-    std::filesystem::create_directories(file_); // a folder where the file should be
+    std::filesystem::create_directories(file_.native()); // a folder where the file should be
     try {
         files.append(file_, "x");
         FAIL() << "no error";
@@ -85,7 +87,7 @@ TEST_F(WindowsFilesTest, AFileThatAnotherProgramWritesCannotBeAppendedTo) {
 
 TEST_F(WindowsFilesTest, TheLockKeepsEverybodyElseOutWhileItLives) {
     const auto openLock = [this] {
-        const HANDLE handle = CreateFileW((folder_ / L"zendacard.lck").c_str(), GENERIC_WRITE, 0,
+        const HANDLE handle = CreateFileW((folder_ / "zendacard.lck").c_str(), GENERIC_WRITE, 0,
                                           nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
         const bool open = handle != INVALID_HANDLE_VALUE;
         if (open)
