@@ -16,8 +16,9 @@ target_compile_definitions(sqlite3 PRIVATE
 if(MSVC)
   target_compile_options(sqlite3 PRIVATE /w)
 else()
-  # What ships is fast; the native tests only want it built soon.
-  target_compile_options(sqlite3 PRIVATE -w $<IF:$<BOOL:${WIN32}>,-O2,-O0>)
+  # What ships is small: a third less code in memory, for a microsecond or less in a statement whose
+  # flushes take milliseconds. The native tests only want it built soon.
+  target_compile_options(sqlite3 PRIVATE -w $<IF:$<BOOL:${WIN32}>,-Os,-O0>)
   find_package(Threads REQUIRED)
   target_link_libraries(sqlite3 PUBLIC Threads::Threads)
 endif()

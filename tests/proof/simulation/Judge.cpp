@@ -52,9 +52,9 @@ Money recorded(const charge::LedgerEntry& approved) {
 
 } // namespace
 
-std::string Judge::ledgerPath() const {
+charge::FilePath Judge::ledgerPath() const {
     const charge::Settings& settings = ground_.settings.settings;
-    return charge::SimulatedProcessor::ledgerPath(settings.dataFolder, settings.testMode).string();
+    return charge::SimulatedProcessor::ledgerPath(settings.dataFolder, settings.testMode);
 }
 
 std::vector<charge::LedgerEntry> Judge::ledger() const {

@@ -19,7 +19,7 @@ public:
     Judge(ChargeGround& ground, SimulatedHost& host, Report& report)
         : ground_(ground), host_(host), report_(report) {}
 
-    std::string ledgerPath() const;
+    charge::FilePath ledgerPath() const;
     /// What the processor has in its books now.
     std::vector<charge::LedgerEntry> ledger() const;
     /// Approved operations of an entry.

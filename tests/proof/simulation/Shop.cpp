@@ -125,9 +125,10 @@ void Shop::serve(const Faults& faults) {
     printReceipt(faults);
     disarm(faults);
     restartIfEnded();
-    report_.trace.line("  books of " +
-                       std::to_string(ground_.disk.contents(judge_.ledgerPath()).size()) +
-                       " bytes, store of " + std::to_string(host_.count()));
+    report_.trace.line(
+        "  books of " +
+        std::to_string(ground_.disk.contents(judge_.ledgerPath().plainText()).size()) +
+        " bytes, store of " + std::to_string(host_.count()));
 }
 
 void Shop::submit(const Faults& faults) {
