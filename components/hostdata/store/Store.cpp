@@ -6,7 +6,8 @@
 namespace tollvane::hostdata {
 
 void Store::open() {
-    read([](Database&) {});
+    if (fileExists(path_))
+        read([](Database&) {});
 }
 
 Database& Store::opened() {

@@ -40,7 +40,8 @@ public:
         });
     }
 
-    // Has the file opened and looked at before it is needed. Raises what the first work would.
+    // Has the file, where there is one, opened and looked at before it is needed. Raises what the
+    // first work would.
     void open();
 
     // Waits for the work that is being done; the next one opens the file again.

@@ -35,11 +35,11 @@ TEST(Store, CreatesItsFolderAndTables) {
     EXPECT_EQ(rows(store), 1);
 }
 
-TEST(Store, OpeningItEarlyMakesItsFile) {
+TEST(Store, OpeningItEarlyMakesNoFile) {
     const TestFolder folder;
     Store store(folder.file("early/hostdata.db"));
     store.open();
-    EXPECT_TRUE(std::filesystem::exists(folder.file("early/hostdata.db")));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("early")));
     EXPECT_EQ(rows(store), 1);
 }
 
