@@ -19,13 +19,29 @@ def wide(text):
     return text.encode("utf-16-le")
 
 
-@pytest.mark.parametrize("name", FILES)
-def test_a_file_needs_no_library_but_the_system_s(name):
+def libraries(name):
+    """The libraries that are loaded with a file."""
     shown = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", STAGE / name], text=True,
                            errors="replace", check=True, capture_output=True).stdout
-    needed = re.findall(r"DLL Name: (\S+)", shown)
+    return re.findall(r"DLL Name: (\S+)", shown)
+
+
+@pytest.mark.parametrize("name", FILES)
+def test_a_file_needs_no_library_but_the_system_s(name):
+    needed = libraries(name)
     assert "KERNEL32.dll" in needed
     assert [library for library in needed if OURS.match(library)] == []
+
+
+def test_the_server_starts_without_the_libraries_of_its_window():
+    needed = {library.lower() for library in libraries("dcZenda32.exe")}
+    assert needed.isdisjoint({"comctl32.dll", "comdlg32.dll", "uxtheme.dll"})
+
+
+@pytest.mark.parametrize("name", ("Tollvane.exe", "habitat.dll", "zendacard.dll", "dcZenda32.exe"))
+def test_what_every_start_loads_is_without_the_library_s_streams_and_locales(name):
+    # The name of a type that comes with them.
+    assert b"NSt6locale5facetE" not in (STAGE / name).read_bytes()
 
 
 def test_nothing_else_is_shipped():

@@ -75,6 +75,12 @@ TEST_F(WindowsFilesTest, AFailureNamesTheFileAndTheReason) {
     }
 }
 
+TEST_F(WindowsFilesTest, AFolderThatCannotBeMadeIsAFailure) {
+    files.append(file_, "x");
+    EXPECT_THROW(files.append(file_ / "below" / "f.dat", "x"), FileFailure);
+    EXPECT_THROW(files.lock(file_ / "below"), FileFailure);
+}
+
 TEST_F(WindowsFilesTest, AFileThatAnotherProgramWritesCannotBeAppendedTo) {
     files.append(file_, "x");
     const HANDLE other = CreateFileW(file_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
