@@ -5,6 +5,7 @@
 #include <compare>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tollvane::charge {
 
