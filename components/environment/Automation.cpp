@@ -33,6 +33,11 @@ private:
     EXCEPINFO info_{};
 };
 
+void reach(HRESULT result) {
+    if (FAILED(result))
+        throw BareFailure(result);
+}
+
 com::Variant converted(com::Variant value, VARTYPE type) {
     com::Variant result;
     com::check(VariantChangeType(result.put(), const_cast<VARIANT*>(&value.get()), 0, type));
@@ -77,28 +82,40 @@ VARIANT argument(const com::Bstr& text) noexcept {
     return argument(text.get());
 }
 
+BareFailure::BareFailure(HRESULT result)
+    : ComponentError(static_cast<std::uint32_t>(result), {},
+                     com::systemText(static_cast<DWORD>(result))) {}
+
 Remote::Remote(com::ComPtr<IDispatch> object) : object_(std::move(object)) {
     if (!object_)
         com::throwFailure(E_POINTER);
 }
 
 com::Variant Remote::call(const wchar_t* name, std::initializer_list<VARIANT> arguments) const {
+    return call(memberOf(name), arguments);
+}
+
+com::Variant Remote::call(DISPID member, std::initializer_list<VARIANT> arguments) const {
     // Automation takes the last argument first.
     std::vector<VARIANT> reversed(std::rbegin(arguments), std::rend(arguments));
     DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-    return invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters);
+    return invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters);
 }
 
 void Remote::put(const wchar_t* name, VARIANT value) const {
     DISPID assigned = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{&value, &assigned, 1, 1};
-    invoke(name, DISPATCH_PROPERTYPUT, parameters);
+    invoke(memberOf(name), DISPATCH_PROPERTYPUT, parameters);
 }
 
-com::Variant Remote::invoke(const wchar_t* name, WORD way, DISPPARAMS& parameters) const {
+DISPID Remote::memberOf(const wchar_t* name) const {
     DISPID member = 0;
     auto* changeable = const_cast<wchar_t*>(name); // the call only reads it
-    com::check(object_->GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member));
+    reach(object_->GetIDsOfNames(IID_NULL, &changeable, 1, LOCALE_USER_DEFAULT, &member));
+    return member;
+}
+
+com::Variant Remote::invoke(DISPID member, WORD way, DISPPARAMS& parameters) const {
     ExceptionInfo exception;
     com::Variant result;
     const HRESULT status = object_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, way, &parameters,
@@ -106,7 +123,7 @@ com::Variant Remote::invoke(const wchar_t* name, WORD way, DISPPARAMS& parameter
                                            exception.get(), nullptr);
     if (status == DISP_E_EXCEPTION)
         exception.raise();
-    com::check(status);
+    reach(status);
     return result;
 }
 
@@ -127,6 +144,10 @@ std::wstring Remote::text(const wchar_t* name, std::initializer_list<VARIANT> ar
 
 LONG Remote::number(const wchar_t* name, std::initializer_list<VARIANT> arguments) const {
     return V_I4(&converted(call(name, arguments), VT_I4).get());
+}
+
+LONG Remote::number(DISPID member, std::initializer_list<VARIANT> arguments) const {
+    return V_I4(&converted(call(member, arguments), VT_I4).get());
 }
 
 bool Remote::flag(const wchar_t* name, std::initializer_list<VARIANT> arguments) const {

@@ -3,6 +3,7 @@
 
 #include "components/common/ComPtr.h"
 #include "components/common/ComText.h"
+#include "components/common/ComponentError.h"
 
 #include <initializer_list>
 #include <string>
@@ -17,8 +18,14 @@ namespace tollvane::environment {
 [[nodiscard]] VARIANT argument(BSTR text) noexcept;
 [[nodiscard]] VARIANT argument(CY value) noexcept;
 
+// A call that did not reach the component, or that it has no member for: only the system says why.
+class BareFailure : public com::ComponentError {
+public:
+    explicit BareFailure(HRESULT result);
+};
+
 // One object of another component. Everything raises ComponentError with the number, the source and
-// the description that the component gave.
+// the description that the component gave, or BareFailure.
 class Remote {
 public:
     explicit Remote(com::ComPtr<IDispatch> object);
@@ -33,11 +40,15 @@ public:
                                     std::initializer_list<VARIANT> arguments = {}) const;
     [[nodiscard]] LONG number(const wchar_t* name,
                               std::initializer_list<VARIANT> arguments = {}) const;
+    // By the member's own number, which saves asking for it.
+    [[nodiscard]] LONG number(DISPID member, std::initializer_list<VARIANT> arguments) const;
     [[nodiscard]] bool flag(const wchar_t* name,
                             std::initializer_list<VARIANT> arguments = {}) const;
 
 private:
-    com::Variant invoke(const wchar_t* name, WORD way, DISPPARAMS& parameters) const;
+    [[nodiscard]] DISPID memberOf(const wchar_t* name) const;
+    com::Variant call(DISPID member, std::initializer_list<VARIANT> arguments) const;
+    com::Variant invoke(DISPID member, WORD way, DISPPARAMS& parameters) const;
 
     com::ComPtr<IDispatch> object_;
 };

@@ -2,6 +2,7 @@
 
 #include "components/common/ComFailure.h"
 #include "components/environment/EnvironmentSettings.h"
+#include "components/environment/HostDataFront.h"
 
 namespace tollvane::environment {
 
@@ -45,10 +46,24 @@ std::wstring EnvironmentState::location() const {
 }
 
 void EnvironmentState::setServer(com::ComPtr<IDispatch> server) {
-    if (server.get() == server_.get())
+    const bool same = server.get() == server_.get() || (server && server.get() == offered_.get());
+    if (same)
         return;
     signOut();
+    offered_.reset();
     server_ = std::move(server);
+}
+
+com::ComPtr<IDispatch> EnvironmentState::offeredServer() {
+    if (server_ && !offered_) {
+        try {
+            offered_ = fronted(server_.get());
+        } catch (const com::ComponentError&) {
+            // Its client is told by its own calls what is wrong with it.
+            return com::ComPtr<IDispatch>::share(server_.get());
+        }
+    }
+    return com::ComPtr<IDispatch>::share(offered_.get());
 }
 
 HostDataClient EnvironmentState::hostData() const {

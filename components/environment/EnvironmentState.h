@@ -41,9 +41,11 @@ public:
     [[nodiscard]] std::wstring location() const;
     [[nodiscard]] std::wstring loginName() const { return commandLine_.user.value_or(L""); }
 
-    // Another server ends the session; null is allowed.
+    // Another server ends the session; null is allowed. What offeredServer() answered is no other
+    // one.
     void setServer(com::ComPtr<IDispatch> server);
-    [[nodiscard]] const com::ComPtr<IDispatch>& server() const noexcept { return server_; }
+    // The server as clients are to use it (see fronted()); null when there is none.
+    [[nodiscard]] com::ComPtr<IDispatch> offeredServer();
     // Raises noHostDataServer when there is none.
     [[nodiscard]] HostDataClient hostData() const;
 
@@ -56,6 +58,7 @@ public:
 private:
     CommandLine commandLine_;
     com::ComPtr<IDispatch> server_;
+    com::ComPtr<IDispatch> offered_; // null: the server has not been asked yet
     Session session_;
 };
 

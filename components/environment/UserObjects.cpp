@@ -4,19 +4,6 @@
 
 namespace tollvane::environment {
 
-void give(BSTR* out, const std::wstring& text) {
-    if (out == nullptr)
-        com::throwFailure(E_POINTER);
-    *out = nullptr;
-    *out = com::Bstr(std::wstring_view(text)).release();
-}
-
-void give(IDispatch** out, com::ComPtr<IDispatch> object) {
-    if (out == nullptr)
-        com::throwFailure(E_POINTER);
-    *out = object.release();
-}
-
 HRESULT PersonNameObject::get_First(BSTR* name) {
     return com::guarded(interfaceId(), kSource, [&] { give(name, first_); });
 }
@@ -33,9 +20,7 @@ HRESULT CurrentUserObject::get_Item(IDispatch** person) {
 }
 
 HRESULT OptionsObject::get_DCObject(IDispatch** server) {
-    return com::guarded(interfaceId(), kSource, [&] {
-        give(server, com::ComPtr<IDispatch>::share(state_->server().get()));
-    });
+    return com::guarded(interfaceId(), kSource, [&] { give(server, state_->offeredServer()); });
 }
 
 HRESULT OptionsObject::put_DCObject(IDispatch* server) {

@@ -4,6 +4,7 @@
 #include "Environment.h"
 #include "components/common/DispatchObject.h"
 #include "components/environment/EnvironmentState.h"
+#include "components/environment/OutArguments.h"
 
 namespace tollvane::environment {
 
@@ -43,17 +44,5 @@ public:
 private:
     const SharedState state_;
 };
-
-// Hands wide text, or a new object, to the caller of an interface method.
-void give(BSTR* out, const std::wstring& text);
-void give(IDispatch** out, com::ComPtr<IDispatch> object);
-
-template <class Object, class... Arguments>
-void giveObject(IDispatch** out, Arguments&&... arguments) {
-    if (out != nullptr)
-        *out = nullptr;
-    give(out, com::ComPtr<IDispatch>(
-                  com::makeObject<Object>(std::forward<Arguments>(arguments)...).release()));
-}
 
 } // namespace tollvane::environment

@@ -198,6 +198,188 @@ Sub TestPayments()
     Equal env.CurrentUser.Item.First, "", "Taking the server away signs out"
 End Sub
 
+' Two records get the same; one gathers it in the environment, the other one is the server's.
+Sub TestDraft()
+    Dim env, draft, direct, name, id, text, number
+    Set env = Connected()
+    Set draft = env.Options.DCObject.SafeCreateObj(17)
+    Set direct = host.SafeCreateObj(17)
+    draft.GetrecbyIDNumber -1
+    direct.GetrecbyIDNumber -1
+    On Error Resume Next
+    draft.Item("Zip") = "1"
+    Refused 3013, "dcZenda32", "A field without a record"
+    draft.Update
+    Refused 3013, "dcZenda32", "Update without AddNew"
+    env.Options.DCObject.SafeCreateObj(17).Update
+    Refused 3013, "dcZenda32", "Update of a record that was never used"
+    env.Options.DCObject.SafeCreateObj(17).GetrecbyIDNumber 123456
+    Refused 3012, "dcZenda32", "An unknown record"
+    On Error Goto 0
+
+    env.SafeCreateUIObj(12).LoginAs "anna", "counter-one"
+    Set draft = env.Options.DCObject.SafeCreateObj(17)
+    Set direct = host.SafeCreateObj(17)
+    draft.AddNew
+    direct.AddNew
+    Fill draft
+    Fill direct
+    direct.Update
+    draft.Update
+    id = direct.Item("Id").Value
+    Equal draft.Item("Id").Value, id + 1, "A stored draft is positioned on its record"
+    For Each name In Array("Account", "Amount", "Approval", "Expire", "PaidBy", "SoldToLast", _
+        "Street", "TransID", "Operator", "Location")
+        Equal draft.Item(name).Value, direct.Item(name).Value, "A draft stores " & name & " as the server's record does"
+    Next
+    Equal VarType(draft.Item("Zip").Value), vbNull, "A draft leaves a field Null that was not set"
+    Equal draft.Item("zip").Name, "Zip", "A draft's field knows its name"
+    On Error Resume Next
+    draft.Item("Zip") = "1"
+    Refused 3015, "dcZenda32", "A field of a stored draft"
+    On Error Goto 0
+
+    Set draft = env.Options.DCObject.SafeCreateObj(17)
+    draft.AddNew
+    draft.Item("TransID") = 4713
+    Equal draft.Item("TransID").Value, "4713", "A draft tells a field as the server's record does"
+    draft.Item("Amount") = CCur(1)
+    Equal draft.UpdateOnce, True, "UpdateOnce stores a payment that is not there"
+    draft.AddNew
+    draft.Item("TransID") = 4713
+    draft.Item("Amount") = CCur(1)
+    Equal draft.UpdateOnce, False, "UpdateOnce does not store it again"
+End Sub
+
+Sub Fill(record)
+    record.Item("Account") = "************1111"
+    record.Item("Amount") = CCur("-25.5")
+    record.Item("Approval").Value = "VOID"
+    record.Item("Expire").Value = "0327"
+    record.Item("PaidBy") = "Cash"
+    record.Item("PaidBy") = "Charge"
+    record.Item("SoldToLast").Value = "M" & Chr(252) & "ller"
+    record.Item("Street").Value = "1 ""Main"" St"
+    record.Item("TransID").Value = 4711
+End Sub
+
+' A refused field: the server's own record tells it when it is set, a draft when it is stored.
+Sub RefusedDraft(name, value, what)
+    Dim env, draft, direct, number, source, text, before
+    Set env = Connected()
+    before = host.StoredPayments(1)
+    Set direct = host.SafeCreateObj(17)
+    direct.AddNew
+    On Error Resume Next
+    direct.Item(name).Value = value
+    number = Err.Number
+    source = Err.Source
+    text = Err.Description
+    Err.Clear
+    Set draft = env.Options.DCObject.SafeCreateObj(17)
+    draft.AddNew
+    draft.Item("TransID").Value = "refused"
+    draft.Item("Amount").Value = CCur(1)
+    draft.Item(name).Value = value
+    draft.Update
+    Ok number <> 0, what & ": is refused: " & text
+    Equal Err.Number, number, what & ": a draft gives the same number"
+    Equal Err.Source, source, what & ": a draft gives the same source"
+    Equal Err.Description, text, what & ": a draft says the same"
+    Err.Clear
+    Equal host.StoredPayments(1), before, what & ": a draft stores nothing"
+End Sub
+
+Sub TestRefusedDrafts()
+    Dim env, draft
+    RefusedDraft "CardCode", "123", "An unknown field"
+    RefusedDraft "Account", "4111111111111111", "A full card number"
+    RefusedDraft "Id", 5, "A field of the store's own"
+    RefusedDraft "Amount", "twelve", "An amount that is no number"
+    RefusedDraft "Amount", CDbl("1E300"), "An amount that is too large"
+    RefusedDraft "Zip", String(51, "9"), "A text that is too long"
+    Set env = Connected()
+    Set draft = env.Options.DCObject.SafeCreateObj(17)
+    draft.AddNew
+    On Error Resume Next
+    draft.Item("Zip") = Array("1", "2")
+    Equal Err.Number, 13, "What is no plain value is looked at when it is set"
+    Err.Clear
+    On Error Goto 0
+    draft.AddNew
+    draft.Item("Zip") = "1"
+    Equal draft.Item("Zip").Value, "1", "A draft of the server's own record goes on"
+    Set draft = env.Options.DCObject.SafeCreateObj(17)
+    draft.AddNew
+    draft.Item("Zip") = String(51, "9")
+    On Error Resume Next
+    draft.Update
+    Refused 3014, "dcZenda32", "A draft with a wrong field"
+    On Error Goto 0
+    draft.Item("Zip") = "9"
+    draft.Update
+    Equal draft.Item("Zip").Value, "9", "A draft can be put right and stored"
+End Sub
+
+Sub TestSameServerAgain()
+    Dim env, front
+    Set env = Connected()
+    env.SafeCreateUIObj(12).LoginAs "anna", "counter-one"
+    Set front = env.Options.DCObject
+    Set env.Options.DCObject = front
+    Equal env.CurrentUser.Item.First, "Anna", "What the environment offered is no other server"
+    Set env.Options.DCObject = host
+    Equal env.CurrentUser.Item.First, "Anna", "The same server does not sign out"
+    Set env.Options.DCObject = Nothing
+    Ok Len(front.Location) > 0, "An offered server outlives its place in the environment"
+End Sub
+
+' The server reads its settings when it starts, and it ends with its last client.
+Sub TestEndOfServer()
+    Dim env, record, folder, path
+    Set env = Connected()
+    Set record = env.Options.DCObject.SafeCreateObj(17)
+    record.AddNew
+    record.Item("Zip") = "1"
+    record.Update
+    Set record = Nothing
+    Set env = Nothing
+    folder = host.Data_Path & "-2"
+    shell.RegWrite hostSettings & "Store", folder & "\data.db", "REG_SZ"
+    On Error Resume Next
+    Do
+        Set host = Nothing
+        path = ""
+        Set host = CreateObject("dcZenda32.dcclsZenda32")
+        path = host.Data_Path
+        Err.Clear
+    Loop Until path = folder
+    On Error Goto 0
+    Equal path, folder, "The server ends when everything was given back"
+End Sub
+
+Sub TestDeadServer()
+    Dim env, record, number, text, path
+    Set env = Connected()
+    Set record = env.Options.DCObject.SafeCreateObj(17)
+    record.AddNew
+    record.Item("Zip") = "1"
+    shell.Run "taskkill /f /im dcZenda32.exe", 0, True
+    On Error Resume Next
+    path = host.Data_Path
+    number = Err.Number
+    text = Err.Description
+    Err.Clear
+    record.Update
+    Ok number <> 0, "A server that is gone does not answer: " & Hex(number) & " " & text
+    Equal Err.Number, number, "A draft for a server that is gone has the number of any call"
+    Equal Err.Description, text, "A draft for a server that is gone has the words of any call"
+    Err.Clear
+    env.Options.DCObject.Location
+    Equal Err.Number, number, "What is passed on to a server that is gone has the number of any call"
+    Err.Clear
+End Sub
+
 On Error Resume Next
 PointAtOwnStore
 TestCommandLine
@@ -211,6 +393,16 @@ TestLogin
 Finished "TestLogin"
 TestPayments
 Finished "TestPayments"
+TestDraft
+Finished "TestDraft"
+TestRefusedDrafts
+Finished "TestRefusedDrafts"
+TestSameServerAgain
+Finished "TestSameServerAgain"
+TestEndOfServer
+Finished "TestEndOfServer"
+TestDeadServer
+Finished "TestDeadServer"
 Set host = Nothing
 shell.RegWrite hostSettings & "Store", oldStore, "REG_SZ"
 WScript.Echo "1.." & cases

@@ -241,6 +241,65 @@ Sub TestComparedPayments()
         1, "What was stored is listed, newest first"
 End Sub
 
+' A field that is refused is refused alike, and nothing is stored.
+Sub RefusedInOneCall(name, value, what)
+    Dim record, number, text
+    Set record = host.SafeCreateObj(17)
+    record.AddNew
+    On Error Resume Next
+    record.Item(name) = value
+    number = Err.Number
+    text = Err.Description
+    Err.Clear
+    host.StorePayment Array("TransID", name), Array("refused", value)
+    Ok number <> 0, what & ": is refused by its record: " & text
+    Equal Err.Number, number, what & ": has the number that its record gives"
+    Equal Err.Source, "dcZenda32", what & ": names the source"
+    Equal Err.Description, text, what & ": says what its record says"
+    Err.Clear
+End Sub
+
+Sub TestPaymentInOneCall()
+    Dim names, values, place, record, reader, id
+    names = Array("Account", "Amount", "Approval", "Expire", "PaidBy", "SoldToLast", "Street", "transid", "Zip")
+    values = Array("************1111", CCur("-25.5"), "VOID", "0327", "Charge", "M" & Chr(252) & "ller", _
+        "1 ""Main"" St", 4712, Null)
+    Set record = host.SafeCreateObj(17)
+    record.AddNew
+    For place = 0 To UBound(names)
+        record.Item(names(place)) = values(place)
+    Next
+    record.Update
+    id = host.StorePayment(names, values)
+    Equal id, record.Item("Id").Value + 1, "A payment in one call gets the next number"
+    Set reader = host.SafeCreateObj(17)
+    reader.GetrecbyIDNumber id
+    For place = 0 To UBound(names) - 1
+        Equal reader.Item(names(place)).Value, record.Item(names(place)).Value, _
+            "A payment in one call stores " & names(place) & " as its record does"
+    Next
+    Equal VarType(reader.Item("Zip").Value), vbNull, "Null clears a field in one call"
+    Equal reader.Item("Operator").Value, "anna", "A payment in one call names the operator"
+    Equal reader.Item("Location").Value, host.Location, "A payment in one call has the location"
+    Equal Len(reader.Item("Created").Value), 20, "A payment in one call has its time"
+
+    RefusedInOneCall "CardCode", "123", "An unknown field in one call"
+    RefusedInOneCall "Account", "4111111111111111", "A full card number in one call"
+    RefusedInOneCall "Id", 5, "A field of the store's own in one call"
+    RefusedInOneCall "Amount", "twelve", "An amount that is no number in one call"
+    RefusedInOneCall "Zip", String(51, "9"), "A text that is too long in one call"
+    On Error Resume Next
+    host.StorePayment Array("TransID", "Zip"), Array("refused")
+    Equal Err.Number, 5, "A name without a value is refused"
+    Err.Clear
+    host.StorePayment "TransID", "refused"
+    Equal Err.Number, 13, "Two texts are no lists"
+    Err.Clear
+    On Error Goto 0
+    Equal InStr(host.StoredPayments(1), "refused"), 0, "Nothing of a refused payment is stored"
+    Equal host.StorePayment(Array(), Array()), id + 1, "A refused payment takes no number"
+End Sub
+
 Sub TestTwoClients()
     Dim other, mine, theirs
     Set other = CreateObject("dcZenda32.dcclsZenda32")
@@ -313,6 +372,8 @@ TestStampedPayment
 Finished "TestStampedPayment"
 TestComparedPayments
 Finished "TestComparedPayments"
+TestPaymentInOneCall
+Finished "TestPaymentInOneCall"
 TestTwoClients
 Finished "TestTwoClients"
 TestStoresThatCannotBeUsed

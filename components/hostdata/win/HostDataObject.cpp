@@ -141,6 +141,13 @@ HRESULT HostDataObject::StoredPayments(LONG days, BSTR* list) {
     return serve([&] { give(list, storedPayments(services().store, services().clock, days)); });
 }
 
+HRESULT HostDataObject::StorePayment(VARIANT names, VARIANT values, LONG* id) {
+    return serve([&] {
+        com::give(id, 0); // so that nothing is stored for one who cannot hear of it
+        com::give(id, static_cast<std::int32_t>(storePayment(signedInOperator(), names, values)));
+    });
+}
+
 HRESULT HostDataObject::ConfigureSettings() {
     return serve([] { showSettings(services().settings.storePath); });
 }

@@ -36,6 +36,7 @@ public:
                                            VARIANT_BOOL granted) override;
     HRESULT STDMETHODCALLTYPE ResetPassword(BSTR token, LONG id, BSTR password) override;
     HRESULT STDMETHODCALLTYPE StoredPayments(LONG days, BSTR* list) override;
+    HRESULT STDMETHODCALLTYPE StorePayment(VARIANT names, VARIANT values, LONG* id) override;
     HRESULT STDMETHODCALLTYPE ConfigureSettings() override;
 
 private:

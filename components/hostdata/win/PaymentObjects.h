@@ -39,4 +39,10 @@ private:
     std::shared_ptr<PaymentRecord> record_;
 };
 
+// Stores a new record with these fields, a list of names and one of as many values, in their order;
+// answers its number. The first field that is refused raises what its record would, and then
+// nothing is stored.
+[[nodiscard]] std::int64_t storePayment(const std::string& operatorName, const VARIANT& names,
+                                        const VARIANT& values);
+
 } // namespace tollvane::hostdata
