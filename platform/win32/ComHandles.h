@@ -7,12 +7,19 @@
 #include <string_view>
 #include <utility>
 
+// Not every compiler's headers declare it.
+extern "C" void STDAPICALLTYPE SetOaNoCache();
+
 namespace tollvane::win32 {
 
-/// COM on this thread for as long as the object lives: a single-threaded apartment.
+/// COM on this thread for as long as the object lives: a single-threaded apartment. Texts that are
+/// freed on either side of a call are not kept for reuse from then on: they go back to the heap,
+/// where wipeFreedMemory reaches those that somebody else freed unwiped.
 class ComApartment {
 public:
-    ComApartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ComApartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {
+        SetOaNoCache();
+    }
     ComApartment(const ComApartment&) = delete;
     ComApartment& operator=(const ComApartment&) = delete;
     ~ComApartment() {
