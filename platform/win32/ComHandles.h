@@ -7,8 +7,9 @@
 #include <string_view>
 #include <utility>
 
-// Not every compiler's headers declare it.
-extern "C" void STDAPICALLTYPE SetOaNoCache();
+#ifdef __MINGW32__
+extern "C" void SetOaNoCache(); // its headers leave it out
+#endif
 
 namespace tollvane::win32 {
 

@@ -24,6 +24,10 @@ constexpr int firstPrintable = 32;
 constexpr int controlBackspace = 127;
 } // namespace typedcode
 
+/// Characters of a text that is changed piece by piece: what the system keeps of a piece in freed
+/// memory tells nothing.
+constexpr std::size_t longestPiece = 4;
+
 /// Keys of which an edit control only wants the character.
 bool bringsACharacterOnly(WPARAM key) {
     return key == VK_SPACE || (key >= '0' && key <= 'Z') ||
@@ -105,8 +109,6 @@ void Win32TextBox::setInPieces(std::string_view text) {
         overwriteText();
         at = 0;
     }
-    // What the system keeps of a piece in freed memory tells nothing.
-    constexpr std::size_t longestPiece = 4;
     while (at < text.size()) {
         const std::string_view piece = text.substr(at, longestPiece);
         native(EM_SETSEL, at, static_cast<LPARAM>(at));
@@ -148,10 +150,11 @@ void Win32TextBox::wipeText() {
 
 void Win32TextBox::overwriteText() {
     const auto length = static_cast<std::size_t>(native(WM_GETTEXTLENGTH, 0, 0));
-    // One character at a time: a longer change would hand the text itself to the undo buffer, and a
-    // buffer that has to grow leaves its old bytes in freed memory.
-    for (std::size_t at = 0; at < length; ++at) {
-        overwrite(at, at + 1, 1);
+    // In pieces: a longer change would hand the text itself to the undo buffer, and a buffer that
+    // has to grow leaves its old bytes in freed memory.
+    for (std::size_t at = 0; at < length; at += longestPiece) {
+        const std::size_t end = std::min(at + longestPiece, length);
+        overwrite(at, end, end - at);
     }
     // The undo buffer may hold an earlier text: small steps have covered it before it must grow.
     constexpr std::size_t step = 8;
