@@ -114,6 +114,25 @@ TEST_F(SignInDelayTest, TheCommonWaitNeverExceedsTenSeconds) {
     EXPECT_LE(next.waitMilliseconds, 10'000);
 }
 
+TEST_F(SignInDelayTest, ASignInTakesOnlyItselfFromTheFailuresOfAll) {
+    for (int i = 0; i < 5; ++i)
+        wrong("name" + std::to_string(i));
+    EXPECT_FALSE(server.signInAnna().empty());
+    EXPECT_EQ(wrong("a sixth name").waitMilliseconds, 1000) << "no longer than the name's own wait";
+    const auto next = wrong("a seventh name");
+    EXPECT_FALSE(next.examined) << "the five from before the sign-in and the sixth count together";
+    EXPECT_EQ(next.waitMilliseconds, 500);
+}
+
+TEST_F(SignInDelayTest, SignInsAloneNeverHoldUpOneAnother) {
+    for (int i = 0; i < 20; ++i)
+        EXPECT_FALSE(server.signInAnna().empty());
+    for (int i = 0; i < 5; ++i)
+        EXPECT_TRUE(wrong("name" + std::to_string(i)).examined);
+    EXPECT_TRUE(wrong("a sixth name").examined);
+    EXPECT_EQ(wrong("a seventh name").waitMilliseconds, 500);
+}
+
 TEST_F(SignInDelayTest, TenQuietMinutesForgetTheCommonWait) {
     for (int i = 0; i < 20; ++i)
         server.clock.advance(wrong("name" + std::to_string(i)).waitMilliseconds);
