@@ -97,6 +97,8 @@ class Counter:
         """Swipes the card through a reader that sends tracks 1 and 2, each closed by Enter."""
         form = self.till.form()
         self.till.click("txtCardName", form)
+        self.till.wait("the caret in the name", lambda: self.till.focused() == "txtCardName",
+                       otherwise=self.till.focused)
         *given, family = card.holder.upper().split()
         first = f"%B{card.number}^{family}/{' '.join(given)}^{track_end(card)}?"
         second = f";{card.number}={track_end(card)}0?"
