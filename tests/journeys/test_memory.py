@@ -2,7 +2,7 @@
 
 import pytest
 
-from harness import cards, memory
+from harness import cards, memory, processes
 from harness.cards import CARD, ISSUER_DIGITS, Card
 from harness.counter import FAILED
 
@@ -17,7 +17,7 @@ class Memory:
     """Looks for the cards of these journeys in the program's memory."""
 
     def __init__(self, prefix):
-        self._process = memory.process_of(prefix, "Tollvane.exe")
+        self._process = processes.process_of(prefix, "Tollvane.exe")
 
     def copies(self):
         """Every copy there is now."""

@@ -5,8 +5,8 @@ import pathlib
 import shutil
 import subprocess
 
-import processes
 import ringlib
+from harness import processes
 
 BENCH = ringlib.TOP / "tests" / "bench"
 MARK = "TOLLVANE_BENCHED"
@@ -71,7 +71,7 @@ class WineProgram(Program):
         return [number for number in self._all() if number not in own]
 
     def _all(self):
-        return processes.marked(f"WINEPREFIX={self._prefix.folder}")
+        return processes.of_prefix(self._prefix)
 
 
 def swing(display, folder):

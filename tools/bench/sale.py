@@ -5,9 +5,9 @@ import re
 import subprocess
 import time
 
-import processes
 import starts
 import watch
+from harness import processes
 from screen import until
 
 BURST = "%B4012888888881881^SMITH/JOHN^2912101000000?\r;4012888888881881=29121010000000000?\r"

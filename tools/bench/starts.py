@@ -3,8 +3,8 @@
 import dataclasses
 import time
 
-import processes
 import screen as seen
+from harness import processes
 
 # How long a program that takes keys is left alone before its memory is read (s).
 REST = 1.0

@@ -3,8 +3,8 @@
 import dataclasses
 import time
 
-import processes
 import starts
+from harness import processes
 from harness.counter import MANAGER
 from harness.till import FORM_TITLE
 

@@ -27,20 +27,6 @@ class Copy:
                 f"{16 if self.is_wide else 8} bits a character")
 
 
-def process_of(prefix, program):
-    """The process that runs a program of the prefix."""
-    for folder in pathlib.Path("/proc").glob("[0-9]*"):
-        try:
-            name = (folder / "cmdline").read_bytes().split(b"\0")[0].decode(errors="replace")
-            place = (folder / "environ").read_bytes()
-        except OSError:
-            continue
-        if (name.replace("\\", "/").endswith("/" + program) or name == program) \
-                and f"WINEPREFIX={prefix.folder}\0".encode() in place:
-            return int(folder.name)
-    raise RuntimeError(f"{program} does not run in {prefix.folder}")
-
-
 def copies(process, numbers):
     """Every place in the process's writable memory where eight or more digits in a row of one of
     the numbers lie, in 8-bit or 16-bit characters."""

@@ -1,8 +1,10 @@
-"""What processes use: memory of their own and processor time, read from the system."""
+"""Which processes there are, what they use (memory of their own, processor time) and when they have
+ended, read from the system."""
 
 import os
 import pathlib
-import time
+
+from .waiting import until
 
 TICK = 1 / os.sysconf("SC_CLK_TCK")
 
@@ -17,6 +19,20 @@ def marked(mark):
     wanted = mark.encode("utf-8")
     return [number for number in running()
             if wanted in read(number, "environ").split(b"\0")]
+
+
+def of_prefix(prefix):
+    """The processes of a prefix."""
+    return marked(f"WINEPREFIX={prefix.folder}")
+
+
+def process_of(prefix, program):
+    """The process that runs a program of a prefix."""
+    for number in of_prefix(prefix):
+        name = read(number, "cmdline").split(b"\0")[0].decode("utf-8", "replace")
+        if name.replace("\\", "/").rpartition("/")[2] == program:
+            return number
+    raise RuntimeError(f"{program} does not run in {prefix.folder}")
 
 
 def command(number):
@@ -53,10 +69,9 @@ def read(number, name):
         return b""
 
 
-def await_end(numbers, patience=30.0):
+def await_end(numbers):
     """Waits until none of the processes runs any more."""
-    end = time.monotonic() + patience
-    while any(read(number, "cmdline") for number in numbers):
-        if time.monotonic() > end:
-            raise RuntimeError("still there: " + ", ".join(map(command, numbers)))
-        time.sleep(0.01)
+    def left():
+        return [number for number in numbers if read(number, "cmdline")]
+    until("the end of processes", lambda: not left(), interval=0.01,
+          otherwise=lambda: ", ".join(map(command, left())))
