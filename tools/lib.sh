@@ -43,34 +43,57 @@ quietly() {
     rm -f "$log"
 }
 
-# run_parts KIND FOLDER NAME...: runs the named executables of a folder under tools/ one after the
-# other, adds up the cases that each counts, and ends with the plain line of all of them.
-run_parts() {
-    local kind=$1 folder=$2 passed=0 failed=0 name started good bad bad_cases
-    shift 2
-    for name in "$@"; do
+# expect_parts KIND FOLDER NAME...: ends the command unless all of them are executables of a folder
+# under tools/, and forgets what they counted before.
+expect_parts() {
+    local kind=$1 folder=$2 name
+    for name in "${@:3}"; do
         [ -x "$top/tools/$folder/$name" ] ||
             fail "there is no $kind \"$name\"; there are: $(echo $(ls "$top/tools/$folder"))"
+        rm -f "$build/tally-$name" "$build/counts-$name"
     done
     mkdir -p "$build"
-    for name in "$@"; do
+}
+
+# play_parts KIND FOLDER NAME...: runs them one after the other, by the command in `launcher` if there
+# is one, and keeps the cases that each counts.
+launcher=()
+play_parts() {
+    local kind=$1 folder=$2 name started good bad bad_cases
+    for name in "${@:3}"; do
         say "$kind $name"
         started=$SECONDS
         export TOLLVANE_TALLY="$build/tally-$name"
-        rm -f "$TOLLVANE_TALLY"
         good=0 bad=0
         before_part "$name"
-        "$top/tools/$folder/$name" || bad=1
+        "${launcher[@]}" "$top/tools/$folder/$name" || bad=1
         # A part writes its counts last: one that crashed or ran nothing has failed.
         read -r good bad_cases 2>/dev/null <"$TOLLVANE_TALLY" || good=0 bad_cases=1
         [ "$bad_cases" -gt 0 ] || bad_cases=$bad
         [ $((good + bad_cases)) -gt 0 ] || bad_cases=1
         say "$kind $name: $good passed, $bad_cases failed, $((SECONDS - started)) s"
         after_part "$name" "$good" "$bad_cases" "$((SECONDS - started))"
-        passed=$((passed + good)) failed=$((failed + bad_cases))
+        echo "$good $bad_cases" >"$build/counts-$name"
+    done
+}
+
+# sum_parts NAME...: ends with the plain line of all of them. One that never ended has failed.
+sum_parts() {
+    local passed=0 failed=0 name good bad
+    for name in "$@"; do
+        read -r good bad 2>/dev/null <"$build/counts-$name" || good=0 bad=1
+        passed=$((passed + good)) failed=$((failed + bad))
     done
     echo "$passed passed, $failed failed"
     [ "$failed" -eq 0 ]
+}
+
+# run_parts KIND FOLDER NAME...: runs the named executables of a folder under tools/ one after the
+# other, adds up the cases that each counts, and ends with the plain line of all of them.
+run_parts() {
+    expect_parts "$@"
+    play_parts "$@"
+    sum_parts "${@:3}"
 }
 
 # What a command does around each part; ./prove has its own.
