@@ -56,8 +56,8 @@ KeyboardBuffer::Answer KeyboardBuffer::changed(std::string_view text, std::uint6
     return answer;
 }
 
-KeyboardBuffer::Answer KeyboardBuffer::timeIsOver(std::string_view text, bool reading) {
-    return text.empty() ? Answer() : reading ? tidied(text) : emptied();
+KeyboardBuffer::Answer KeyboardBuffer::timeIsOver(std::string_view text, bool open) {
+    return text.empty() ? Answer() : open ? tidied(text) : emptied();
 }
 
 KeyboardBuffer::Answer KeyboardBuffer::tidied(std::string_view text) {

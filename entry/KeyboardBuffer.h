@@ -22,8 +22,9 @@ public:
 
     /// The buffer's text has changed. `now` in milliseconds.
     Answer changed(std::string_view text, std::uint64_t now);
-    /// The time for which a text is kept is over. An unfinished text stays while `reading`.
-    Answer timeIsOver(std::string_view text, bool reading);
+    /// The time for which a text is kept is over. An unfinished text stays while a record is
+    /// `open`: being read, or perhaps begun by a start sentinel.
+    Answer timeIsOver(std::string_view text, bool open);
 
     /// The last character that started no track; 0 before the first.
     int pendingKey() const { return pendingKey_; }

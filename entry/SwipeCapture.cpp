@@ -179,7 +179,8 @@ void SwipeCapture::bufferTimeIsOver() {
         controls_.tmrKbBuffer.setEnabled(false);
         return;
     }
-    apply(buffer_.timeIsOver(keys.view(), parser_.reading()));
+    // The start sentinel, too, may be the first character of a record.
+    apply(buffer_.timeIsOver(keys.view(), parser_.state() != SwipeParser::State::idle));
 }
 
 void SwipeCapture::forget() {

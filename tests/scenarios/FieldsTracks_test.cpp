@@ -174,6 +174,23 @@ TEST_P(FieldsTracks, IsFollowedByACleanSwipe) {
 INSTANTIATE_TEST_SUITE_P(Of, FieldsTracks, ::testing::ValuesIn(samples()),
                          [](const auto& row) { return std::string(row.param.what); });
 
+class FieldsTracksInTime : public OpenTillTest {};
+
+TEST_F(FieldsTracksInTime, ASwipeThatBeginsWhenTheBufferIsTidiedKeepsItsExpiry) {
+    Timer& timer = till.form().control<Timer>("tmrKbBuffer");
+    till.box("txtDescription").setFocus();
+    till.desktop.robot->typeText(std::string(";") + kPan + "=27121010000000000?\r");
+    ASSERT_TRUE(timer.enabled()) << "what the card before left is tidied away later";
+
+    till.desktop.robot->typeText("%");
+    timer.on.timer();
+    till.desktop.robot->typeText(std::string("B") + kPan + "^DOE/JANE" + kRest);
+
+    EXPECT_EQ(till.text("txtCardNumber"), kPan);
+    EXPECT_EQ(till.list("cboExpMonth").listIndex(), 11);
+    EXPECT_EQ(till.list("cboExpYear").text(), "2027");
+}
+
 TEST(FieldsTrackTable, HasFortySamplesOrMore) {
     EXPECT_GE(samples().size(), 40U);
 }

@@ -142,6 +142,16 @@ TEST(KeyboardBuffer, KeepsAnUnfinishedRecordThatIsStillBeingRead) {
     EXPECT_EQ(box.text, "%B4111");
 }
 
+TEST(KeyboardBuffer, KeepsTheStartOfARecordBehindWhatAnEarlierOneLeft) {
+    Box box;
+    box.type(";4111=2912?\r%");
+
+    box.timeIsOver(true);
+    box.type("B4111");
+
+    EXPECT_EQ(box.text, "%B4111");
+}
+
 TEST(KeyboardBuffer, NeverGrowsWithoutLimit) {
     Box box;
 
