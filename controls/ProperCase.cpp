@@ -24,7 +24,7 @@ int capital(int keyAscii) {
 }
 
 bool isCharacter(int keyAscii) {
-    return keyAscii > 0 && keyAscii <= 0xFF;
+    return keyAscii > 0 && keyAscii <= kLargestByte;
 }
 
 /// A house number, a blank, and the first letter of a compass direction: "45 N".
@@ -36,7 +36,9 @@ bool endsInHalfADirection(std::string_view text) {
 }
 
 bool startsWord(std::string_view text, int keyAscii) {
-    if (kDelimiters.find(text.back()) != std::string_view::npos) {
+    // The second byte of a letter may look like a sign.
+    const std::string_view last = lastCharacter(text);
+    if (last.size() == 1 && kDelimiters.find(last) != std::string_view::npos) {
         return true;
     }
     const int direction = capital(keyAscii);

@@ -19,12 +19,16 @@ bool isDigit(int character) {
 
 void filterPaste(std::string& text, void (*filterKey)(int&)) {
     std::string kept;
-    for (const char character : text) {
-        int key = static_cast<unsigned char>(character);
-        filterKey(key);
-        if (key != 0) {
-            kept += static_cast<char>(key);
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::size_t length = characterLength(rest);
+        if (length > 2) {
+            kept += rest.substr(0, length); // no key types it
+        } else {
+            int key = typedKey(rest);
+            filterKey(key);
+            kept += key != 0 ? typedBytes(key) : std::string();
         }
+        rest.remove_prefix(length);
     }
     text = kept;
 }
@@ -40,7 +44,7 @@ bool isEditing(int keyAscii) {
 void filterNameKey(int& keyAscii) {
     if (keyAscii == '-' || keyAscii == '^' || keyAscii == '|') {
         keyAscii = 0;
-    } else if (keyAscii >= kFirstPrintable && keyAscii <= 0xFF) {
+    } else if (keyAscii >= kFirstPrintable && keyAscii <= kLargestByte) {
         keyAscii = static_cast<unsigned char>(capitalLetter(static_cast<char>(keyAscii)));
     }
 }

@@ -2,6 +2,7 @@
 
 #include "entry/Track1.h"
 #include "entry/TypedCharacter.h"
+#include "platform/Letters.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@ namespace tollvane {
 namespace {
 
 constexpr std::size_t kExpiryLength = 4;
+constexpr int kNoTrackCharacter = 0x7F;
 
 void restart(Timer& timer, int interval) {
     if (timer.interval() != interval) {
@@ -37,6 +39,22 @@ void SwipeCapture::keyPressed(int& keyAscii) {
     if (keyAscii == 0) {
         return; // a key of an input method, without a character of its own
     }
+    if (keyAscii <= kLargestByte) {
+        bytePressed(keyAscii);
+        return;
+    }
+    // No reader sends characters of two bytes: the key counts as one that continues no track.
+    int stranger = kNoTrackCharacter;
+    try {
+        bytePressed(stranger);
+    } catch (...) {
+        keyAscii = stranger == 0 ? 0 : keyAscii;
+        throw;
+    }
+    keyAscii = stranger == 0 ? 0 : keyAscii;
+}
+
+void SwipeCapture::bytePressed(int& keyAscii) {
     try {
         read(keyAscii);
     } catch (...) {

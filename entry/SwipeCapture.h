@@ -55,6 +55,7 @@ public:
     int pendingKey() const { return buffer_.pendingKey(); }
 
 private:
+    void bytePressed(int& keyAscii);
     void recordStarted() override;
     void panRead(const SecretText& pan) override;
     void nameRead(const std::string& name) override;

@@ -10,6 +10,9 @@ namespace tollvane {
 
 namespace {
 
+/// What the system puts in the place of a character.
+constexpr std::string_view kNotInTheCodePage = "?";
+
 /// The item's text; nothing when the locale has no such item or it cannot be read.
 std::optional<std::string> itemText(Locale& locale, std::uint32_t which, std::uint32_t item) {
     const int size = locale.info(which, item, nullptr, 0);
@@ -38,14 +41,15 @@ void readDecimalSign(Locale& locale, std::uint32_t item, std::string& sign) {
     if (!found) {
         throw Error(errornumber::invalidProcedureCall, "Locale", "The decimal sign cannot be read");
     }
-    sign = std::move(*found);
+    // Written as "?" where the code page lacks it: the key beside the digits has a plainer one.
+    sign = *found == kNotInTheCodePage ? std::string(".") : std::move(*found);
 }
 
 /// Several locales part groups by a narrow blank that 8-bit code pages lack; the system hands out
 /// "?" in its place, which no operator would take for a blank.
 void readGroupSeparator(Locale& locale, std::uint32_t item, std::string& separator) {
     read(locale, item, separator);
-    if (separator == "?") {
+    if (separator == kNotInTheCodePage) {
         separator = " ";
     }
 }

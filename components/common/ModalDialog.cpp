@@ -1,5 +1,6 @@
 #include "components/common/ModalDialog.h"
 
+#include "components/common/BoxLanguage.h"
 #include "components/common/ComFailure.h"
 #include "components/common/ComText.h"
 #include "components/common/ControlName.h"
@@ -100,9 +101,10 @@ INT_PTR CALLBACK ModalDialog::procedure(HWND window, UINT message, WPARAM wParam
     try {
         return self->handle(message, wParam);
     } catch (const std::exception& error) {
-        MessageBoxA(window, error.what(), nullptr, MB_OK | MB_ICONEXCLAMATION);
+        MessageBoxExA(window, error.what(), nullptr, MB_OK | MB_ICONEXCLAMATION, kBoxLanguage);
     } catch (...) {
-        MessageBoxA(window, "An unexpected problem came up.", nullptr, MB_OK | MB_ICONEXCLAMATION);
+        MessageBoxExA(window, "An unexpected problem came up.", nullptr, MB_OK | MB_ICONEXCLAMATION,
+                      kBoxLanguage);
     }
     return FALSE;
 }
@@ -210,7 +212,8 @@ void ModalDialog::focus(int id) {
 }
 
 void ModalDialog::complain(std::string_view message, int id) {
-    MessageBoxW(window_, widen(message).c_str(), layout_.caption, MB_OK | MB_ICONINFORMATION);
+    MessageBoxExW(window_, widen(message).c_str(), layout_.caption, MB_OK | MB_ICONINFORMATION,
+                  kBoxLanguage);
     if (id >= 0)
         focus(id);
 }

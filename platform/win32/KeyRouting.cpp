@@ -38,6 +38,7 @@ bool isLetterOrDigit(WPARAM key) {
 
 bool KeyRouting::keyDown(NativeControl* target, WPARAM& key, bool system) {
     form_.ui().takeDroppedKey();
+    firstHalf_ = 0;
     listWasOpen_ = target && target->keepsEnterAndEscape();
     if (isModifier(key)) {
         return true;
@@ -82,13 +83,28 @@ bool KeyRouting::raiseKeyDown(NativeControl* target, WPARAM& key) {
     return code != 0;
 }
 
+int KeyRouting::completed(WPARAM character) {
+    const auto byte = static_cast<BYTE>(character);
+    if (const BYTE first = std::exchange(firstHalf_, BYTE{0}); first != 0) {
+        return first << 8 | byte;
+    }
+    if (IsDBCSLeadByte(byte) != FALSE) {
+        firstHalf_ = byte;
+        return 0;
+    }
+    return byte;
+}
+
 void KeyRouting::character(NativeControl* target, WPARAM character, LPARAM info) {
     const bool kept =
         std::exchange(listWasOpen_, false) || (target && target->keepsEnterAndEscape());
     if (form_.ui().takeDroppedKey() || character == '\t' || character == 0) {
         return;
     }
-    int code = static_cast<unsigned char>(character);
+    int code = completed(character);
+    if (code == 0) {
+        return;
+    }
     if (form_.keyPreview && form_.on().keyPress) {
         form_.ui().guarded([&] { form_.on().keyPress(code); });
     }

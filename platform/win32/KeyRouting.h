@@ -27,11 +27,14 @@ private:
     /// True when a handler closed the form or took the target out of use.
     bool isGone(const NativeControl* target) const;
     bool raiseKeyDown(NativeControl* target, WPARAM& key);
+    /// The key that the character and what came before it make; 0 as long as a half is missing.
+    int completed(WPARAM character);
     void enter(NativeControl* target) const;
     void pressNamed(const std::string& button) const;
 
     FormCore& form_;
     bool listWasOpen_ = false; ///< when the key went down, which may have closed it
+    BYTE firstHalf_ = 0;       ///< of a character of two bytes, which come one after the other
 };
 
 /// True for a character that comes from holding its key down.

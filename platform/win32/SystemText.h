@@ -16,6 +16,10 @@ std::string systemText(DWORD code);
 /// The last system error as an Error whose source is `routine`.
 Error lastSystemError(std::string_view routine);
 
+/// The language of a box's buttons, which is that of its text. In the operator's own one, where
+/// that is written from the right, the system would mirror the whole box.
+inline constexpr WORD kBoxLanguage = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+
 /// Between the process code page and the system's wide texts.
 std::wstring widened(std::string_view text);
 std::string narrowed(std::wstring_view text);

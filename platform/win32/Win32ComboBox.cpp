@@ -1,5 +1,7 @@
 #include "platform/win32/Win32ComboBox.h"
 
+#include "platform/Letters.h"
+
 namespace tollvane::win32 {
 
 namespace {
@@ -104,7 +106,7 @@ bool Win32ComboBox::keepsEnterAndEscape() const {
 }
 
 void Win32ComboBox::typed(int character, LPARAM info) {
-    if (!locked_) {
+    if (!locked_ && character <= kLargestByte) {
         native(WM_CHAR, static_cast<WPARAM>(character), info);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/win32/FormCore.h"
 #include "platform/win32/HelpButton.h"
+#include "platform/win32/SystemText.h"
 #include "platform/win32/Ui.h"
 
 namespace tollvane::win32 {
@@ -73,9 +74,9 @@ MessageAnswer Win32MessageBoxes::show(const Message& message) {
     const OpenBox open(ui_, message);
     const HelpButton help(ui_, message);
     const ArrowPointer arrow;
-    const int pressed =
-        MessageBoxA(owner, message.text.c_str(), title.c_str(),
-                    styleOf(message) | (owner ? 0U : static_cast<UINT>(MB_TASKMODAL)));
+    const int pressed = MessageBoxExA(
+        owner, message.text.c_str(), title.c_str(),
+        styleOf(message) | (owner ? 0U : static_cast<UINT>(MB_TASKMODAL)), kBoxLanguage);
     return answerOf(pressed, message.buttons);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/win32/Win32TextBox.h"
 
+#include "platform/Letters.h"
 #include "platform/win32/CentredLine.h"
 #include "platform/win32/Clipboard.h"
 #include "platform/win32/FreedMemory.h"
@@ -32,6 +33,12 @@ constexpr std::size_t longestPiece = 4;
 bool bringsACharacterOnly(WPARAM key) {
     return key == VK_SPACE || (key >= '0' && key <= 'Z') ||
            (key >= VK_NUMPAD0 && key <= VK_DIVIDE) || (key >= VK_OEM_1 && key <= VK_OEM_102);
+}
+
+/// True where characters may have two bytes.
+bool hasLongCharacters() {
+    CPINFO page{};
+    return GetCPInfo(CP_ACP, &page) != FALSE && page.MaxCharSize > 1;
 }
 
 bool isDown(int key) {
@@ -110,7 +117,8 @@ void Win32TextBox::setInPieces(std::string_view text) {
         at = 0;
     }
     while (at < text.size()) {
-        const std::string_view piece = text.substr(at, longestPiece);
+        const std::string_view rest = text.substr(at);
+        const std::string_view piece = rest.substr(0, wholeCharacters(rest, longestPiece));
         native(EM_SETSEL, at, static_cast<LPARAM>(at));
         native(EM_REPLACESEL, FALSE, ClosedText(piece).argument());
         at += piece.size();
@@ -173,18 +181,44 @@ int Win32TextBox::selStart() const {
     DWORD start = 0;
     DWORD end = 0;
     native(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    return static_cast<int>(start);
+    return bytesBefore(start);
 }
 
 int Win32TextBox::selLength() const {
     DWORD start = 0;
     DWORD end = 0;
     native(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    return static_cast<int>(end - start);
+    return bytesBefore(end) - bytesBefore(start);
 }
 
 void Win32TextBox::select(int start, int length) {
-    native(EM_SETSEL, static_cast<WPARAM>(start), length < 0 ? -1 : start + length);
+    native(EM_SETSEL, static_cast<WPARAM>(positionOf(start)),
+           length < 0 ? -1 : positionOf(start + length));
+}
+
+int Win32TextBox::bytesBefore(DWORD position) const {
+    if (position == 0 || !hasLongCharacters()) {
+        return static_cast<int>(position);
+    }
+    const SecretText text = secretText();
+    std::size_t bytes = 0;
+    for (; position > 0 && bytes < text.size(); --position) {
+        bytes += characterLength(text.view().substr(bytes));
+    }
+    return static_cast<int>(bytes);
+}
+
+int Win32TextBox::positionOf(int bytes) const {
+    if (bytes <= 0 || !hasLongCharacters()) {
+        return bytes;
+    }
+    const SecretText text = secretText();
+    const std::size_t wanted = std::min(static_cast<std::size_t>(bytes), text.size());
+    int position = 0;
+    for (std::size_t at = 0; at < wanted; ++position) {
+        at += characterLength(text.view().substr(at));
+    }
+    return position;
 }
 
 std::uint32_t Win32TextBox::windowStyle() const {
@@ -206,7 +240,8 @@ void Win32TextBox::lockedChanged() {
 }
 
 int Win32TextBox::room() const {
-    const auto length = static_cast<int>(native(WM_GETTEXTLENGTH, 0, 0));
+    const auto length = hasLongCharacters() ? static_cast<int>(secretText().size())
+                                            : static_cast<int>(native(WM_GETTEXTLENGTH, 0, 0));
     return std::max(0, maxLength_ - (length - selLength()));
 }
 
@@ -228,7 +263,13 @@ void Win32TextBox::typed(int character, LPARAM info) {
 void Win32TextBox::insertTyped(int character, LPARAM info) {
     const std::uint32_t style = windowStyle();
     const bool digit = character >= '0' && character <= '9';
-    if (locked_ || room() < 1 || ((style & editstyle::digitsOnly) && !digit)) {
+    const int length = character > kLargestByte ? 2 : 1;
+    if (locked_ || room() < length || ((style & editstyle::digitsOnly) && !digit)) {
+        return;
+    }
+    if (length > 1) {
+        // Both halves at once, or there would be a moment with half a character.
+        edited(EM_REPLACESEL, TRUE, ClosedText(typedBytes(character)).argument());
         return;
     }
     std::array<char, 2> text{static_cast<char>(character), '\0'};
@@ -249,7 +290,7 @@ void Win32TextBox::insertPasted() {
         form().ui().guarded([&] { on.paste(text); });
     }
     text.resize(std::min(text.find_first_of("\r\n"), text.size()));
-    text.resize(std::min(text.size(), static_cast<std::size_t>(room())));
+    text.resize(wholeCharacters(text, static_cast<std::size_t>(room())));
     if (!text.empty()) {
         edited(EM_REPLACESEL, TRUE, ClosedText(text).argument());
     }

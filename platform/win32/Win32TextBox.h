@@ -37,7 +37,11 @@ private:
     LRESULT edited(UINT message, WPARAM first, LPARAM second);
     void insertTyped(int character, LPARAM info);
     void insertPasted();
+    /// Bytes that may still be typed.
     int room() const;
+    /// The system's control counts characters, the program counts bytes.
+    int bytesBefore(DWORD position) const;
+    int positionOf(int bytes) const;
     /// Makes the system's buffer large before there is a text: one that grows later leaves its old
     /// bytes in freed memory.
     void growBuffer();

@@ -1,4 +1,5 @@
 #include "app/Application.h"
+#include "platform/win32/SystemText.h"
 #include "platform/win32/Win32Desktop.h"
 
 #include <windows.h>
@@ -32,8 +33,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE /*previous*/, LPSTR /*commandLi
         runProgram(instance);
     } catch (...) {
         const tollvane::Error error = tollvane::currentError();
-        MessageBoxA(nullptr, tollvane::failureText("There was an unexpected error.", error).c_str(),
-                    "Tollvane", MB_OK | MB_ICONINFORMATION);
+        MessageBoxExA(nullptr,
+                      tollvane::failureText("There was an unexpected error.", error).c_str(),
+                      "Tollvane", MB_OK | MB_ICONINFORMATION, tollvane::win32::kBoxLanguage);
         return EXIT_FAILURE;
     }
     return EXIT_SUCCESS;

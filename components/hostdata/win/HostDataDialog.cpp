@@ -1,5 +1,6 @@
 #include "components/hostdata/win/HostDataDialog.h"
 
+#include "components/common/BoxLanguage.h"
 #include "components/hostdata/HostDataError.h"
 #include "components/hostdata/store/StoreCare.h"
 #include "components/hostdata/win/ServerSettings.h"
@@ -184,7 +185,7 @@ void HostDataDialog::setWideText(int id, const std::wstring& text) {
 }
 
 void HostDataDialog::tell(const std::wstring& message, UINT icon) {
-    MessageBoxW(window(), message.c_str(), layout.caption, MB_OK | icon);
+    MessageBoxExW(window(), message.c_str(), layout.caption, MB_OK | icon, com::kBoxLanguage);
 }
 
 } // namespace tollvane::hostdata

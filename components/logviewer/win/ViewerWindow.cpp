@@ -1,5 +1,6 @@
 #include "components/logviewer/win/ViewerWindow.h"
 
+#include "components/common/BoxLanguage.h"
 #include "components/common/ComFailure.h"
 #include "components/common/ControlName.h"
 #include "components/logviewer/win/OpenQuestion.h"
@@ -92,7 +93,8 @@ LRESULT CALLBACK ViewerWindow::procedure(HWND window, UINT message, WPARAM wPara
     try {
         return self->handle(message, wParam, lParam);
     } catch (const std::exception& problem) {
-        MessageBoxA(window, problem.what(), nullptr, MB_OK | MB_ICONEXCLAMATION);
+        MessageBoxExA(window, problem.what(), nullptr, MB_OK | MB_ICONEXCLAMATION,
+                      com::kBoxLanguage);
     }
     return 0;
 }
@@ -230,11 +232,11 @@ void ViewerWindow::copy() {
     const std::size_t wanted = list_.selectedCount();
     const std::size_t copied = list_.copy(*view_);
     if (copied < wanted)
-        MessageBoxW(window_,
-                    (L"The first " + numberText(copied) + L" of the " + numberText(wanted) +
-                     L" selected lines were copied.")
-                        .c_str(),
-                    programName, MB_OK | MB_ICONINFORMATION);
+        MessageBoxExW(window_,
+                      (L"The first " + numberText(copied) + L" of the " + numberText(wanted) +
+                       L" selected lines were copied.")
+                          .c_str(),
+                      programName, MB_OK | MB_ICONINFORMATION, com::kBoxLanguage);
 }
 
 void ViewerWindow::applyFilter() {

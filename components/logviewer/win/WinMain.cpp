@@ -1,4 +1,5 @@
 // LogLens.exe FILE: shows a transaction log.
+#include "components/common/BoxLanguage.h"
 #include "components/logviewer/win/OpenQuestion.h"
 #include "components/logviewer/win/ViewerWindow.h"
 
@@ -46,7 +47,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
         run();
         return 0;
     } catch (const std::exception& problem) {
-        MessageBoxA(nullptr, problem.what(), "LogLens", MB_OK | MB_ICONEXCLAMATION);
+        MessageBoxExA(nullptr, problem.what(), "LogLens", MB_OK | MB_ICONEXCLAMATION,
+                      tollvane::com::kBoxLanguage);
         return 1;
     }
 }

@@ -1,5 +1,6 @@
 #include "tests/desktop/memory/MemoryRobot.h"
 
+#include "platform/Letters.h"
 #include "tests/desktop/memory/MemoryForm.h"
 
 #include <gtest/gtest.h>
@@ -15,6 +16,8 @@ namespace tollvane::test {
 namespace {
 
 constexpr int kNoCharacter = -1;
+/// What brings a character that is on no key, such as an input method.
+constexpr std::pair<int, int> kNoKey{0xE7, 0};
 
 /// A key of the American keyboard: its code and the characters it gives without and with Shift.
 struct Key {
@@ -65,7 +68,7 @@ std::pair<int, int> keyOf(char character) {
             return {key.code, key.plain == character ? 0 : shiftmask::shift};
         }
     }
-    return {0xE7, 0}; // a character that comes from no key, as from an input method
+    return kNoKey;
 }
 
 } // namespace
@@ -87,10 +90,13 @@ MemoryForm* MemoryRobot::reach(Form& form) {
 }
 
 void MemoryRobot::typeText(std::string_view text) {
-    for (const char character : text) {
-        const auto [code, shift] = keyOf(character);
+    while (!text.empty()) {
+        const int character = typedKey(text);
+        const bool isLong = character > kLargestByte;
+        const auto [code, shift] = isLong ? kNoKey : keyOf(static_cast<char>(character));
+        text.remove_prefix(isLong ? 2 : 1);
         if (MemoryForm* form = active()) {
-            form->keyStroke(code, shift, static_cast<unsigned char>(character));
+            form->keyStroke(code, shift, character);
         }
     }
 }

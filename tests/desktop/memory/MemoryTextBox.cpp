@@ -1,5 +1,6 @@
 #include "tests/desktop/memory/MemoryTextBox.h"
 
+#include "platform/Letters.h"
 #include "tests/desktop/Robot.h"
 #include "tests/desktop/memory/MemoryForm.h"
 
@@ -70,34 +71,38 @@ void MemoryTextBox::character(int ascii) {
     } else if (ascii == keycode::backspace) {
         erase(false);
     } else if (ascii >= kFirstPrintable && ascii != kDelete) {
-        type(static_cast<char>(ascii));
+        type(ascii);
     }
 }
 
-void MemoryTextBox::type(char character) {
-    const auto code = static_cast<unsigned char>(character);
-    if ((style_ & editstyle::digitsOnly) != 0 && std::isdigit(code) == 0) {
+void MemoryTextBox::type(int ascii) {
+    const bool isLong = ascii > kLargestByte;
+    if ((style_ & editstyle::digitsOnly) != 0 && (isLong || std::isdigit(ascii) == 0)) {
         return;
     }
-    if ((style_ & editstyle::upperCase) != 0) {
-        character = static_cast<char>(std::toupper(code));
-    } else if ((style_ & editstyle::lowerCase) != 0) {
-        character = static_cast<char>(std::tolower(code));
+    if (!isLong && (style_ & editstyle::upperCase) != 0) {
+        ascii = std::toupper(ascii);
+    } else if (!isLong && (style_ & editstyle::lowerCase) != 0) {
+        ascii = std::tolower(ascii);
     }
-    if (size() - selLength() + 1 > maxLength_) {
+    const std::string typed = typedBytes(ascii);
+    if (size() - selLength() + static_cast<int>(typed.size()) > maxLength_) {
         return;
     }
-    replaceSelection(std::string(1, character));
+    replaceSelection(typed);
 }
 
 void MemoryTextBox::erase(bool forward) {
     if (selLength() == 0) {
-        const int from = forward ? caret_ : caret_ - 1;
-        if (from < 0 || from >= size()) {
+        const std::string_view text(text_);
+        const auto at = static_cast<std::size_t>(caret_);
+        const std::size_t erased =
+            forward ? characterLength(text.substr(at)) : lastCharacter(text.substr(0, at)).size();
+        if (erased == 0) {
             return;
         }
-        anchor_ = from;
-        caret_ = from + 1;
+        anchor_ = forward ? caret_ : caret_ - static_cast<int>(erased);
+        caret_ = anchor_ + static_cast<int>(erased);
     }
     replaceSelection({});
 }
@@ -105,7 +110,8 @@ void MemoryTextBox::erase(bool forward) {
 void MemoryTextBox::replaceSelection(const std::string& with) {
     const int start = selStart();
     const int room = std::max(0, maxLength_ - (size() - selLength()));
-    const std::string fitting = with.substr(0, static_cast<std::size_t>(room));
+    const std::string fitting =
+        with.substr(0, wholeCharacters(with, static_cast<std::size_t>(room)));
     std::string replaced = text_;
     replaced.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(selLength()),
                      fitting);

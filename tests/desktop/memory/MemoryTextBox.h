@@ -34,7 +34,7 @@ private:
     int size() const { return static_cast<int>(text_.size()); }
     /// Moves the caret; with `extend` the selection grows from where it started.
     void place(int caret, bool extend);
-    void type(char character);
+    void type(int ascii);
     void erase(bool forward);
     /// Replaces the selection, cutting the new text to what fits, and raises change when the whole
     /// text differs.

@@ -93,3 +93,9 @@ def read_store(path):
         damage = store.execute("PRAGMA integrity_check").fetchone()[0]
         rows = store.execute("SELECT trans_id, amount FROM payments ORDER BY id").fetchall()
     return [(transaction, amount // 100) for transaction, amount in rows], damage
+
+
+def family_names(prefix_folder):
+    """Who the payments are from, oldest first."""
+    with sqlite3.connect(pathlib.Path(prefix_folder) / DATA / "Host Data" / STORE) as store:
+        return [row[0] for row in store.execute("SELECT sold_to_last FROM payments ORDER BY id")]

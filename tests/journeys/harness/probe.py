@@ -118,6 +118,13 @@ class Probe:
         """Tells stars in the place of the texts of these controls from now on."""
         self.ask(" ".join(["unread", *names]))
 
+    def type(self, text):
+        """Types letters that are on no key into the window in front."""
+        units = text.encode("utf-16-le")
+        codes = [units[at] | units[at + 1] << 8 for at in range(0, len(units), 2)]
+        if self.ask(" ".join(["type", *map(str, codes)])) != len(codes):
+            raise RuntimeError(f"the system does not take {text!r}")
+
     def counts(self, process):
         """How many handles, GDI objects and windows a process of the desktop holds."""
         return self.ask(f"counts {process}")

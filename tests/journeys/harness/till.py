@@ -136,8 +136,13 @@ class Till:
               otherwise=self.focused)
         if self.control(name, window).text:
             self.display.press("Home", "shift+End", "Delete")
-        if text:
-            self.display.type(text)
+        if text.isascii():
+            if text:
+                self.display.type(text)
+        else:
+            # These do not queue behind the keys before them.
+            until(f"an empty {name}", lambda: not self.control(name, window).text)
+            self._probe.type(text)
 
     def choose(self, name, text, window=None):
         """Opens a list and walks down to the entry that ends in that text."""

@@ -1,13 +1,15 @@
 // Answers questions about the desktop, one JSON line for each line of standard input:
 //   windows | controls HWND | control HWND NAME | focused HWND
 //   texts HWND... | unread NAME... | lock KEY | counts PROCESS |
-//   crash PROCESS
+//   crash PROCESS | type UNIT...
+// The units of "type" are those of UTF-16, as numbers.
 // "unread" names the controls of which nobody wants to read the text from now on.
 // With arguments it answers that one question and ends.
 #include "tests/journeys/probe/Access.h"
 #include "tests/journeys/probe/Counts.h"
 #include "tests/journeys/probe/Crash.h"
 #include "tests/journeys/probe/Json.h"
+#include "tests/journeys/probe/Typing.h"
 #include "tests/journeys/probe/WindowTree.h"
 
 #include <iostream>
@@ -77,6 +79,12 @@ public:
             DWORD process = 0;
             words >> process;
             writeCounts(json, process);
+        } else if (verb == "type") {
+            std::wstring text;
+            for (unsigned unit = 0; words >> unit;) {
+                text += static_cast<wchar_t>(unit);
+            }
+            json.value(typeText(text));
         } else if (verb == "crash") {
             DWORD process = 0;
             words >> process;
