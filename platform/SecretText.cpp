@@ -13,7 +13,9 @@ constexpr std::size_t kShownDigits = 4;
 
 void wipeMemory(void* memory, std::size_t size) noexcept {
 #ifdef __GNUC__
-    std::memset(memory, 0, size);
+    if (size > 0) {
+        std::memset(memory, 0, size);
+    }
     // Says that the bytes are looked at, so that they are written even when nobody reads them.
     asm volatile("" : : "r"(memory) : "memory");
 #else
