@@ -58,7 +58,7 @@ private:
 
 class JapaneseLetters : public LettersOf {
 protected:
-    JapaneseLetters() : LettersOf(".932") {}
+    JapaneseLetters() : LettersOf("Japanese_Japan.932") {}
 
     // Letters whose second byte looks like "c", "^", "|", "_" and the backslash.
     static constexpr std::string_view kField = "\x93\x63";
@@ -124,7 +124,7 @@ TEST_F(JapaneseLetters, StartNoWordByTheirSecondHalf) {
 
 class ArabicLetters : public LettersOf {
 protected:
-    ArabicLetters() : LettersOf(".1256") {}
+    ArabicLetters() : LettersOf("Arabic_Saudi Arabia.1256") {}
 };
 
 TEST_F(ArabicLetters, StayAndSoDoFrenchOnesWithoutACapitalInTheCodePage) {
