@@ -27,7 +27,9 @@ class Memory:
         """Fails unless all there is is the number that the charge component was given last, once,
         as the component keeps it."""
         there = self.copies()
-        kept = [copy for copy in there if copy.text == number and not copy.is_wide]
+        # What happens to stand behind it in the memory may look like one more digit.
+        kept = [copy for copy in there
+                if number and copy.text.startswith(number) and not copy.is_wide]
         assert len(kept) == len(there) == (1 if number else 0), list(map(str, there))
 
     def holds_nothing_of(self, number):

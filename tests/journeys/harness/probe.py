@@ -1,9 +1,11 @@
 """Eyes: what windows and controls stand on the Windows desktop, by asking the probe program."""
 
 import json
+import select
 import subprocess
 
 from .prefix import TOP
+from .waiting import PATIENCE, NotReached
 
 PROBE = TOP / "build" / "x64" / "tests" / "journeys" / "probe" / "probe.exe"
 
@@ -105,6 +107,9 @@ class Probe:
                                                encoding="utf-8")
         self._process.stdin.write(question + "\n")
         self._process.stdin.flush()
+        if not select.select([self._process.stdout], [], [], PATIENCE)[0]:
+            self._process.kill()
+            raise NotReached(f"waited {PATIENCE:g} s for the probe's answer to {question!r}")
         answer = self._process.stdout.readline()
         if not answer:
             raise RuntimeError(f"the probe ended on the question {question!r}")

@@ -7,9 +7,13 @@ DWORD crash(DWORD processId) {
     if (process == nullptr) {
         return GetLastError();
     }
-    const HANDLE thread = CreateRemoteThread(process, nullptr, 0, nullptr, nullptr, 0, nullptr);
+    // It runs when it is there and not before: who makes it would else wait for an answer of the
+    // process that it has ended.
+    const HANDLE thread =
+        CreateRemoteThread(process, nullptr, 0, nullptr, nullptr, CREATE_SUSPENDED, nullptr);
     const DWORD error = thread != nullptr ? 0 : GetLastError();
     if (thread != nullptr) {
+        ResumeThread(thread);
         CloseHandle(thread);
     }
     CloseHandle(process);
