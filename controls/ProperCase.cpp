@@ -35,10 +35,10 @@ bool endsInHalfADirection(std::string_view text) {
            firsts.find(text[size - 1]) != std::string_view::npos;
 }
 
+/// Whether a word starts behind a text, which is not empty.
 bool startsWord(std::string_view text, int keyAscii) {
-    // The second byte of a letter may look like a sign.
-    const std::string_view last = lastCharacter(text);
-    if (last.size() == 1 && kDelimiters.find(last) != std::string_view::npos) {
+    // The second byte of a letter may look like a sign: looked for is the whole of it.
+    if (kDelimiters.find(lastCharacter(text)) != std::string_view::npos) {
         return true;
     }
     const int direction = capital(keyAscii);

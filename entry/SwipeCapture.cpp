@@ -15,6 +15,25 @@ namespace {
 constexpr std::size_t kExpiryLength = 4;
 constexpr int kNoTrackCharacter = 0x7F;
 
+/// A key that is judged in another one's place: when it is swallowed, so is the other one, also
+/// when the judging fails.
+class StandIn {
+public:
+    StandIn(int& original, int key) : original_(original), key_(key) {}
+    StandIn(const StandIn&) = delete;
+    StandIn& operator=(const StandIn&) = delete;
+    ~StandIn() {
+        if (key_ == 0) {
+            original_ = 0;
+        }
+    }
+    int& key() { return key_; }
+
+private:
+    int& original_;
+    int key_;
+};
+
 void restart(Timer& timer, int interval) {
     if (timer.interval() != interval) {
         timer.setInterval(interval);
@@ -44,14 +63,8 @@ void SwipeCapture::keyPressed(int& keyAscii) {
         return;
     }
     // No reader sends characters of two bytes: the key counts as one that continues no track.
-    int stranger = kNoTrackCharacter;
-    try {
-        bytePressed(stranger);
-    } catch (...) {
-        keyAscii = stranger == 0 ? 0 : keyAscii;
-        throw;
-    }
-    keyAscii = stranger == 0 ? 0 : keyAscii;
+    StandIn standIn(keyAscii, kNoTrackCharacter);
+    bytePressed(standIn.key());
 }
 
 void SwipeCapture::bytePressed(int& keyAscii) {

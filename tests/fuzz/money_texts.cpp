@@ -87,7 +87,10 @@ void readAndWrite(const std::string& text, MoneyStyle style) {
     style.digits = 2;
     const std::string shown = currencyText(*amount, style);
     if (const auto cents = converted([&] { return moneyFromText(shown, style); })) {
-        require(currencyText(*cents, style) == shown, "a formatted amount is formatted the same");
+        // What is negative and rounds to nothing keeps its sign, which nothing itself has not.
+        const bool lostItsSign = amount->isNegative() && *cents == Money();
+        require(lostItsSign || currencyText(*cents, style) == shown,
+                "a formatted amount is formatted the same");
         require(std::llabs(cents->scaled() / 2 - amount->scaled() / 2) <= 26,
                 "the currency form is right to the cent");
     }

@@ -55,6 +55,13 @@ TEST_F(LongLetters, WithinASwipeStayOutOfTheField) {
     EXPECT_EQ(till.text("txtDescription"), "");
 }
 
+TEST_F(LongLetters, OfThreeBytesArePastedWhole) {
+    goTo("txtCardName");
+    till.desktop.robot->paste("A\xE6\x97\xA5|B");
+    EXPECT_EQ(till.text("txtCardName"), "A\xE6\x97\xA5"
+                                        "B");
+}
+
 TEST_F(LongLetters, AreNoDigitsAndNoAmount) {
     goTo("txtAmount");
     type("1" + std::string(kLetter) + "2");

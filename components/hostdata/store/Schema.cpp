@@ -7,6 +7,7 @@ namespace tollvane::hostdata {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x54564844; // "TVHD"
+constexpr std::int64_t kFirstVersion = 1;
 constexpr std::int64_t kVersion = 2;
 // About 4 MB, or the payments of some months.
 constexpr std::int64_t kPagesCheckedWhole = 1024;
@@ -135,7 +136,12 @@ void requireOurSchema(Database& database) {
     if (pragma(database, "PRAGMA application_id") != kApplicationId)
         throw HostDataError(Failure::storeDamaged,
                             "The host data file belongs to another program.");
-    if (pragma(database, "PRAGMA user_version") > kVersion)
+    const std::int64_t version = pragma(database, "PRAGMA user_version");
+    if (version < kFirstVersion)
+        throw HostDataError(Failure::storeDamaged,
+                            "The host data file is damaged: it has lost its version. Restore it "
+                            "from the latest backup copy.");
+    if (version > kVersion)
         throw HostDataError(Failure::storeTooNew,
                             "The host data file was written by a newer version of this program.");
 }

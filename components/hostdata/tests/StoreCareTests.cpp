@@ -97,6 +97,14 @@ TEST(StoreCare, DamagedPagesAreFound) {
     EXPECT_TRUE(isFoundDamaged(folder.file()));
 }
 
+TEST(StoreCare, AStoreThatLostItsVersionIsFoundDamaged) {
+    const TestFolder folder;
+    makeStore(folder.file(), 2);
+    constexpr std::streamoff versionInTheHeader = 60;
+    overwrite(folder.file(), versionInTheHeader, std::string(4, '\0'));
+    EXPECT_TRUE(isFoundDamaged(folder.file()));
+}
+
 TEST(StoreCare, CheckingAFileThatIsNoStoreIsRefusedAsDamaged) {
     const TestFolder folder;
     std::ofstream(folder.file()) << std::string(8192, 'x');
