@@ -9,6 +9,9 @@
 
 namespace tollvane::environment {
 
+// The server's kind of data object that is a payment record.
+constexpr LONG kPaymentRecord = 17;
+
 // The privileges that the dialogs offer, by the numbers of the host data server.
 namespace privilege {
 constexpr LONG manageOperators = 1;

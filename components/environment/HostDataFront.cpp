@@ -2,6 +2,7 @@
 
 #include "components/common/ComFailure.h"
 #include "components/common/ComText.h"
+#include "components/environment/HostDataClient.h"
 #include "components/environment/PaymentDraftObjects.h"
 
 #include <optional>
@@ -10,7 +11,6 @@ namespace tollvane::environment {
 
 namespace {
 
-constexpr LONG kPaymentRecord = 17;
 constexpr const wchar_t* kCreate = L"SafeCreateObj";
 constexpr const wchar_t* kStore = L"StorePayment";
 

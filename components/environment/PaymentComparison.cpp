@@ -1,6 +1,7 @@
 #include "components/environment/PaymentComparison.h"
 
 #include "components/common/ComFailure.h"
+#include "components/environment/HostDataClient.h"
 #include "components/environment/dialogs/frmMissingPayments.h"
 
 #include <objbase.h>
@@ -12,7 +13,6 @@ namespace tollvane::environment {
 namespace {
 
 constexpr const wchar_t* kChargeComponent = L"ZendaSwiftill.Tollvane";
-constexpr LONG kPaymentRecord = 17;
 constexpr LONG kNoRecord = -1;
 constexpr LONG kDays = 7;
 constexpr std::ptrdiff_t kMostStored = 50'000; // that the host data server lists

@@ -1,6 +1,7 @@
 #include "components/environment/PaymentDraft.h"
 
 #include "components/common/ComFailure.h"
+#include "components/environment/HostDataClient.h"
 
 #include <algorithm>
 
@@ -8,7 +9,6 @@ namespace tollvane::environment {
 
 namespace {
 
-constexpr LONG kPaymentRecord = 17;
 constexpr LONG kNoRecord = -1;
 
 // An object gives its value when it is asked, and a list may hold objects: such values go to the

@@ -2,6 +2,7 @@
 #include "components/hostdata/store/StoreFiles.h"
 
 #include "components/common/Folders.h"
+#include "components/hostdata/win/Utf8.h"
 
 #include <windows.h>
 
@@ -9,19 +10,11 @@ namespace tollvane::hostdata {
 
 namespace {
 
-std::wstring nameOf(const std::string& utf8) {
-    const int length = static_cast<int>(utf8.size());
-    std::wstring name(utf8.size(), L'\0'); // never more characters than bytes
-    const int count = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, name.data(), length);
-    name.resize(static_cast<std::size_t>(count));
-    return name;
-}
-
 // What tells a file from all others while it is open.
 class OpenFile {
 public:
     explicit OpenFile(const std::string& path)
-        : handle_(CreateFileW(nameOf(path).c_str(), 0,
+        : handle_(CreateFileW(wide(path).c_str(), 0,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
         known_ = handle_ != INVALID_HANDLE_VALUE && GetFileInformationByHandle(handle_, &facts_);
@@ -49,12 +42,12 @@ private:
 } // namespace
 
 bool fileExists(const std::string& path) {
-    return GetFileAttributesW(nameOf(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return GetFileAttributesW(wide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 std::uint64_t fileSize(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA facts{};
-    if (!GetFileAttributesExW(nameOf(path).c_str(), GetFileExInfoStandard, &facts))
+    if (!GetFileAttributesExW(wide(path).c_str(), GetFileExInfoStandard, &facts))
         return 0;
     return std::uint64_t{facts.nFileSizeHigh} << 32 | facts.nFileSizeLow;
 }
@@ -64,17 +57,17 @@ bool isSameFile(const std::string& one, const std::string& other) {
 }
 
 void makeFoldersOf(const std::string& path) {
-    static_cast<void>(com::makeFolders(com::folderAbove(nameOf(path))));
+    static_cast<void>(com::makeFolders(com::folderAbove(wide(path))));
 }
 
 std::error_code moveFile(const std::string& path, const std::string& target) {
-    if (MoveFileExW(nameOf(path).c_str(), nameOf(target).c_str(), MOVEFILE_REPLACE_EXISTING))
+    if (MoveFileExW(wide(path).c_str(), wide(target).c_str(), MOVEFILE_REPLACE_EXISTING))
         return {};
     return {static_cast<int>(GetLastError()), std::system_category()};
 }
 
 void removeFile(const std::string& path) noexcept {
-    DeleteFileW(nameOf(path).c_str());
+    DeleteFileW(wide(path).c_str());
 }
 
 } // namespace tollvane::hostdata
