@@ -52,4 +52,8 @@ HRESULT DispatchType::invoke(void* object, DISPID member, WORD flags, DISPPARAMS
                       badArgument);
 }
 
+bool asksForValue(WORD flags, const DISPPARAMS* arguments, const VARIANT* result) noexcept {
+    return (flags & DISPATCH_PROPERTYGET) != 0 && arguments && arguments->cArgs == 0 && result;
+}
+
 } // namespace tollvane::com

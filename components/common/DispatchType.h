@@ -7,6 +7,8 @@
 
 #include <oaidl.h>
 
+#include <utility>
+
 namespace tollvane::com {
 
 class DispatchType {
@@ -27,6 +29,23 @@ private:
     IID interfaceId_;
     ComPtr<ITypeInfo> info_;
 };
+
+// True when a call asks for the value of a property that takes no arguments.
+bool asksForValue(WORD flags, const DISPPARAMS* arguments, const VARIANT* result) noexcept;
+
+// Answers such a call with the text that `get` gives, and whatever went wrong as `get` does. For
+// texts that nobody may find later: the system's own way of calling leaves a copy of the text
+// behind in freed memory.
+template <class Get>
+HRESULT answerText(VARIANT* result, Get&& get) noexcept {
+    BSTR text = nullptr;
+    const HRESULT given = std::forward<Get>(get)(&text);
+    if (SUCCEEDED(given)) {
+        V_VT(result) = VT_BSTR;
+        V_BSTR(result) = text;
+    }
+    return given;
+}
 
 // Opens the type library of the binary that this code is linked into.
 HRESULT loadOwnTypeLibrary(ITypeLib** out) noexcept;

@@ -54,7 +54,7 @@ def test_a_keyed_card_is_gone_when_the_next_entry_begins(till, open_counter, hel
     assert len(held.copies()) > 0, "the search finds what is on the form"
     open_counter.submit()
     till.form()
-    till.click("txtDescription")
+    till.click_into("txtDescription")
     till.display.type("N")  # which starts the next entry
     till.wait("the next entry", lambda: till.text("txtCardNumber") == "")
     held.holds_only(FIRST.number)

@@ -159,7 +159,7 @@ def test_what_a_new_entry_offers_follows_the_options(till, counter):
 
     def swiped(invoice, order):
         """Swipes a card, which starts a new entry."""
-        till.click("txtDescription", form)
+        till.click_into("txtDescription", form)
         till.display.type(SWIPE, delay=1)
         until("the new entry", lambda: (bool(till.text("txtInvoiceNumber")),
                                         bool(till.text("txtPONumber"))) == (invoice, order),

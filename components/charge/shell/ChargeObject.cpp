@@ -25,8 +25,10 @@ std::string folderText(const FilePath& folder) {
     return text;
 }
 
-// The member number of LogLoggedInUser in the type library.
+// Member numbers in the type library.
 constexpr DISPID logLoggedInUserId = 9;
+constexpr DISPID cardNumberId = 21;
+constexpr DISPID track1Id = 34;
 
 bool isTextInVariable(const VARIANT& argument) {
     return V_VT(&argument) == (VT_BYREF | VT_VARIANT) && V_VARIANTREF(&argument) &&
@@ -52,6 +54,9 @@ HRESULT ChargeObject::guarded(Body&& body) noexcept {
 HRESULT ChargeObject::Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
                              DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                              UINT* badArgument) {
+    if ((member == cardNumberId || member == track1Id) &&
+        com::asksForValue(flags, arguments, result) && SUCCEEDED(answerSecret(member, result)))
+        return S_OK;
     if (member != logLoggedInUserId || !arguments || arguments->cArgs != 1 ||
         !isTextInVariable(arguments->rgvarg[0]))
         return DispatchObject::Invoke(member, iid, locale, flags, arguments, result, exception,
@@ -64,6 +69,12 @@ HRESULT ChargeObject::Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
     unwrapped.rgvarg = &text;
     return DispatchObject::Invoke(member, iid, locale, flags, &unwrapped, result, exception,
                                   badArgument);
+}
+
+HRESULT ChargeObject::answerSecret(DISPID member, VARIANT* result) noexcept {
+    return com::answerText(result, [&](BSTR* text) {
+        return member == cardNumberId ? get_CardNumber(text) : get_Track1(text);
+    });
 }
 
 HRESULT ChargeObject::ClearFields() {

@@ -28,7 +28,8 @@ public:
     // Settles what an earlier run left open; that it cannot does not keep the object from living.
     ChargeObject();
 
-    // Scripts hand over variables as variants by reference; the operator's name may come as one.
+    // Answers the card's data itself, so that no copy stays. Scripts hand over variables as
+    // variants by reference; the operator's name may come as one.
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
                                      DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                      UINT* badArgument) override;
@@ -96,6 +97,7 @@ private:
     HRESULT putText(Field field, BSTR text) noexcept;
     HRESULT getMoney(Field field, CURRENCY* amount) noexcept;
     HRESULT putMoney(Field field, CURRENCY amount) noexcept;
+    HRESULT answerSecret(DISPID member, VARIANT* result) noexcept;
     HRESULT run(Operation operation, BSTR argument, VARIANT_BOOL* approved) noexcept;
 
     ChargeService& service() noexcept { return till_->service; }

@@ -14,6 +14,11 @@ class FieldObject final : public com::DispatchObject<ITransactionField> {
 public:
     FieldObject(std::shared_ptr<ChargeService> service, const FieldDefinition& definition);
 
+    // Answers the value itself, so that no copy of the card's data stays.
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID locale, WORD flags,
+                                     DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                                     UINT* badArgument) override;
+
     HRESULT STDMETHODCALLTYPE get_cTransactionFields_Value(BSTR* value) override;
     HRESULT STDMETHODCALLTYPE put_cTransactionFields_Value(BSTR value) override;
     HRESULT STDMETHODCALLTYPE get_cTransactionFields_MaximumLength(LONG* length) override;

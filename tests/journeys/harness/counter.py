@@ -96,9 +96,7 @@ class Counter:
     def swipe(self, card=CARD):
         """Swipes the card through a reader that sends tracks 1 and 2, each closed by Enter."""
         form = self.till.form()
-        self.till.click("txtCardName", form)
-        self.till.wait("the caret in the name", lambda: self.till.focused() == "txtCardName",
-                       otherwise=self.till.focused)
+        self.till.click_into("txtCardName", form)
         *given, family = card.holder.upper().split()
         first = f"%B{card.number}^{family}/{' '.join(given)}^{track_end(card)}?"
         second = f";{card.number}={track_end(card)}0?"
@@ -147,12 +145,18 @@ class Counter:
         self.till.enter("txtTransactionNumber", transaction, form)
 
     def submit(self, title=APPROVED, picture=None):
-        """Submits, answers the result and returns its text."""
-        self.till.push("cmdSubmit", self.till.form())
+        """Submits, answers the result and returns its text. The form, which drops keys while it is
+        busy, is ready for the next step then, or another window is in front."""
+        form = self.till.form()
+        self.till.push("cmdSubmit", form)
         self.till.window(title)
         if picture:
             self.keep(picture)
-        return self.till.answer(title, "OK")
+        text = self.till.answer(title, "OK")
+        self.till.wait("the form to be ready",
+                       lambda: (self.till.front().hwnd != form.hwnd
+                                or self.till.control("cmdSubmit", form).enabled))
+        return text
 
     def charge(self, amount, **details):
         """One approved charge; returns its transaction id."""

@@ -128,12 +128,18 @@ class Till:
         """Clicks into the middle of a control."""
         self.display.click(*self.control(name, window).centre)
 
-    def enter(self, name, text, window=None):
-        """Clicks into a box and types over what it holds; the text may be shown formatted later."""
+    def click_into(self, name, window=None):
+        """Clicks into a box and waits for its caret: keys that come before it, while the window is
+        still busy, are dropped."""
         window = window or self.front()
         self.click(name, window)
         until(f"the caret in {name}", lambda: self.control(name, window).focused,
               otherwise=self.focused)
+
+    def enter(self, name, text, window=None):
+        """Clicks into a box and types over what it holds; the text may be shown formatted later."""
+        window = window or self.front()
+        self.click_into(name, window)
         if self.control(name, window).text:
             self.display.press("Home", "shift+End", "Delete")
         if text.isascii():
