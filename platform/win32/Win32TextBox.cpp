@@ -29,6 +29,9 @@ constexpr int controlBackspace = 127;
 /// memory tells nothing.
 constexpr std::size_t longestPiece = 4;
 
+/// Characters beyond the text's own that the undo buffer may hold of an earlier one.
+constexpr std::size_t longestUndone = 40;
+
 /// Keys of which an edit control only wants the character.
 bool bringsACharacterOnly(WPARAM key) {
     return key == VK_SPACE || (key >= '0' && key <= 'Z') ||
@@ -130,17 +133,14 @@ void Win32TextBox::setInPieces(std::string_view text) {
 LRESULT Win32TextBox::edited(UINT message, WPARAM first, LPARAM second) {
     const SecretText before = secretText();
     const LRESULT answer = native(message, first, second);
+    if (!isMasked_) {
+        // Its shaping of the old text is freed now: what is allocated next must not take that up.
+        wipeFreedMemory();
+    }
     if (window() && secretText() != before) {
         raise(on.change);
     }
     return answer;
-}
-
-void Win32TextBox::overwrite(std::size_t start, std::size_t end, std::size_t fillers) {
-    const ClosedText text(std::string(fillers, 'x'));
-    native(EM_SETSEL, start, static_cast<LPARAM>(end));
-    // As an undoable change, so that the undo buffer takes fillers in too.
-    native(EM_REPLACESEL, TRUE, text.argument());
 }
 
 void Win32TextBox::wipeText() {
@@ -150,7 +150,6 @@ void Win32TextBox::wipeText() {
         return;
     }
     overwriteText();
-    wipeFreedMemory();
     if (length > 0) {
         raise(on.change);
     }
@@ -158,23 +157,16 @@ void Win32TextBox::wipeText() {
 
 void Win32TextBox::overwriteText() {
     const auto length = static_cast<std::size_t>(native(WM_GETTEXTLENGTH, 0, 0));
-    // In pieces: a longer change would hand the text itself to the undo buffer, and a buffer that
-    // has to grow leaves its old bytes in freed memory.
-    for (std::size_t at = 0; at < length; at += longestPiece) {
-        const std::size_t end = std::min(at + longestPiece, length);
-        overwrite(at, end, end - at);
-    }
-    // The undo buffer may hold an earlier text: small steps have covered it before it must grow.
-    constexpr std::size_t step = 8;
-    std::size_t fillers = length;
-    overwrite(0, fillers, step);
-    for (fillers = step; fillers < length + 40; fillers += step) {
-        overwrite(0, fillers, fillers + step);
-    }
+    native(WM_SETTEXT, 0, ClosedText(std::string(length + longestUndone, 'x')).argument());
+    // Emptied first, or it would put the fillers beside what it holds.
     native(EM_EMPTYUNDOBUFFER, 0, 0);
-    native(WM_SETTEXT, 0, ClosedText("").argument());
+    native(EM_SETSEL, 0, -1);
+    // As an undoable change, so that the undo buffer takes the fillers in.
+    native(EM_REPLACESEL, TRUE, ClosedText("").argument());
     native(EM_EMPTYUNDOBUFFER, 0, 0);
     wipeUsedStack();
+    // Whole copies of the text are there now.
+    wipeFreedMemory();
 }
 
 int Win32TextBox::selStart() const {

@@ -50,8 +50,6 @@ private:
     void setInPieces(std::string_view text);
     /// Empties the box and covers what its buffers held.
     void overwriteText();
-    /// Puts fillers in the place of the characters from `start` to before `end`.
-    void overwrite(std::size_t start, std::size_t end, std::size_t fillers);
 
     int maxLength_ = kDefaultMaxLength;
     bool isMasked_;

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <vector>
 
 namespace tollvane::test {
 namespace {
@@ -226,6 +227,45 @@ TEST_F(WindowAdapter, AnEmptyBoxIsWipedOfWhatWasDeletedByHand) {
 
     EXPECT_EQ(search.count(), 0);
     EXPECT_EQ(traced.take(), "") << "nothing has changed that shows";
+}
+
+/// Small blocks of the process's heap, filled by nobody: they hold what lay there before.
+class UnfilledBlocks {
+public:
+    UnfilledBlocks() = default;
+    UnfilledBlocks(const UnfilledBlocks&) = delete;
+    UnfilledBlocks& operator=(const UnfilledBlocks&) = delete;
+    ~UnfilledBlocks() {
+        for (void* const block : blocks_) {
+            HeapFree(GetProcessHeap(), 0, block);
+        }
+    }
+
+    void take() {
+        for (std::size_t size = 16; size <= 256; size += 16) {
+            blocks_.push_back(HeapAlloc(GetProcessHeap(), 0, size));
+        }
+    }
+
+private:
+    std::vector<void*> blocks_;
+};
+
+TEST_F(WindowAdapter, WhatIsAllocatedWhileANumberIsKeyedTakesUpNothingOfIt) {
+    const MemorySearch search("8888", "1881"); // behind what a freed block's links overwrite
+    traced.show();
+    traced.watch(0);
+    UnfilledBlocks others;
+    for (const char* half : {"40128888", "88881881"}) {
+        for (const char* digit = half; *digit; ++digit) {
+            SendMessageA(windowOf("txtFirst"), WM_CHAR, static_cast<WPARAM>(*digit), 1);
+        }
+    }
+    SendMessageA(windowOf("txtFirst"), WM_CHAR, '8', 1);
+    others.take();
+    ASSERT_GT(search.count(), 0);
+    traced.box("txtFirst").wipeText();
+    EXPECT_EQ(search.count(), 0);
 }
 
 /// Looks at the message box that is open and answers it with a key, from inside its own loop.
