@@ -15,7 +15,9 @@ NOT = re.compile(r"(?<=[(\s])!(?=[\w(])")
 CONDITION = re.compile(r"^(\s*(?:\} else )?(?:if|while) \()(.*)(\)(?: \{)?)$")
 CALL = re.compile(r"^\s+(?!return\b|throw\b|delete\b|case\b|using\b|else\b)"
                   r"[A-Za-z_][\w:.\->\[\]*()]*\(.*\);$")
-RETURN = re.compile(r"^(\s*return )(?!\{\})(.+)(;)$")
+# What an empty value is already would give the same program.
+EMPTY = r"(?:\{\}|0|false|nullptr|std::nullopt|std::string\(\));"
+RETURN = re.compile(rf"^(\s*return )(?!{EMPTY})(.+)(;)$")
 # Lines that say nothing a running program could show.
 SILENT = re.compile(r"^\s*(#|//|static_assert|using |template|namespace |\[\[)")
 
