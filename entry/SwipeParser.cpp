@@ -63,8 +63,7 @@ void SwipeParser::start() {
 
 void SwipeParser::recordKey(char character) {
     // A swipe that breaks off is followed by another one: its header starts afresh.
-    if (character == track::formatCode && record_.size() > 1 &&
-        record_.view().back() == track::startSentinel) {
+    if (character == track::formatCode && record_.view().ends_with(track::startSentinel)) {
         start();
         return;
     }

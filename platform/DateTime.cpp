@@ -14,7 +14,7 @@ bool isLeap(int year) {
 }
 
 int daysIn(int month, int year) {
-    constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    constexpr std::array kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     return month == 2 && isLeap(year) ? 29 : kDays[static_cast<std::size_t>(month - 1)];
 }
 

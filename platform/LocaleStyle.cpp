@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <utility>
@@ -83,7 +84,7 @@ MoneyStyle moneyStyle(Locale& locale) {
     read(locale, localeitem::currencyDigits, style.digits);
     read(locale, localeitem::positiveCurrencyOrder, style.positiveOrder);
     read(locale, localeitem::negativeCurrencyOrder, style.negativeOrder);
-    style.digits = style.digits > kMostDigits ? kMostDigits : style.digits;
+    style.digits = std::min(style.digits, kMostDigits);
     return style;
 }
 

@@ -81,8 +81,8 @@ std::string grouped(std::string whole, const MoneyStyle& style) {
 /// A locale may hold an order that does not exist; the first form then serves.
 template <std::size_t count>
 std::string_view formAt(const std::array<std::string_view, count>& forms, int order) {
-    return order >= 0 && order < static_cast<int>(count) ? forms[static_cast<std::size_t>(order)]
-                                                         : forms[0];
+    const auto place = static_cast<std::size_t>(order); // what is negative lies behind the end, too
+    return place < count ? forms[place] : forms.front();
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "platform/Error.h"
 
-#include <cstring>
+#include <algorithm>
 #include <utility>
 
 namespace tollvane {
@@ -12,18 +12,9 @@ constexpr std::size_t kShownDigits = 4;
 } // namespace
 
 void wipeMemory(void* memory, std::size_t size) noexcept {
-#ifdef __GNUC__
-    if (size > 0) {
-        std::memset(memory, 0, size);
-    }
+    std::fill_n(static_cast<char*>(memory), size, '\0');
     // Says that the bytes are looked at, so that they are written even when nobody reads them.
     asm volatile("" : : "r"(memory) : "memory");
-#else
-    volatile char* bytes = static_cast<volatile char*>(memory);
-    for (std::size_t i = 0; i < size; ++i) {
-        bytes[i] = 0;
-    }
-#endif
 }
 
 void wipe(std::string& text) noexcept {
@@ -48,8 +39,7 @@ SecretText& SecretText::operator=(const SecretText& other) {
 SecretText& SecretText::operator=(SecretText&& other) noexcept {
     if (this != &other) {
         clear();
-        bytes_ = std::move(other.bytes_);
-        other.bytes_.clear();
+        bytes_.swap(other.bytes_);
     }
     return *this;
 }

@@ -127,9 +127,8 @@ std::int32_t cRegistry::EnumStringValues(std::int32_t hKeyRoot, const std::strin
             Buffer data{};
             std::uint32_t nameSize = kBufferSize;
             std::uint32_t dataSize = kBufferSize;
-            std::uint32_t type = 0;
             const long status =
-                registry_.enumValue(key.get(), index, name.data(), &nameSize, nullptr, &type,
+                registry_.enumValue(key.get(), index, name.data(), &nameSize, nullptr, nullptr,
                                     reinterpret_cast<std::uint8_t*>(data.data()), &dataSize);
             text = textOf(data, dataSize == 0 ? 0 : dataSize - 1);
             return status;

@@ -81,6 +81,7 @@ TEST_F(HelpButton, OfARefusalAsksTheHelpEngineForItsTopic) {
               (std::vector<FakeShell::HelpCall>{
                   {till.form().handle(), "C:\\Program Files\\Tollvane\\zendacard.hlp", 227}}));
     EXPECT_TRUE(shell().executions.empty());
+    EXPECT_EQ(till.boxes().size(), 1U) << "the refusal only";
 }
 
 TEST_F(HelpButton, FallsBackToThePageAtTheTopic) {
@@ -125,6 +126,16 @@ TEST_F(HelpButton, OnANetworkFolderNamesTheServerInTheAddress) {
     ASSERT_EQ(shell().executions.size(), 1U);
     EXPECT_EQ(shell().executions[0].parameters, "\"file://server/till%231%20%28new%29/\xDC"
                                                 "ber/zendacard.htm#227\"");
+}
+
+TEST_F(HelpButton, LeavesTheLettersBeyondTheSevenBitsOfAFolderAsTheyAre) {
+    till.desktop.files.folder = "C:\\Preis in \x80\\\xFF";
+
+    refuse(2, 27);
+
+    ASSERT_EQ(shell().executions.size(), 1U);
+    EXPECT_EQ(shell().executions[0].parameters,
+              "\"file:///C:/Preis%20in%20\x80/\xFF/zendacard.htm#227\"");
 }
 
 TEST_F(HelpButton, IsMissingFromOtherBoxes) {

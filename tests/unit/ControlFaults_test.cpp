@@ -28,6 +28,9 @@ TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
         EXPECT_TRUE(till.button("cmdCancel").enabled());
         const bool charged = till.operations().size() == 1;
         EXPECT_EQ(till.program().TransactionApproved(), charged);
+        if (charged) {
+            EXPECT_EQ(till.focus(), "cmdCancel") << "where Enter or Space charges nothing";
+        }
         till.boxes();
 
         till.submit();

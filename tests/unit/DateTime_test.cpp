@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+
 namespace tollvane {
 namespace {
 
@@ -55,6 +58,18 @@ TEST(DateFromText, LeapDaysExistOnlyInLeapYears) {
     EXPECT_EQ(dateFromText("2-29-2000", kMdy), day(2000, 2, 29));
     EXPECT_EQ(dateFromText("2-29-2027", kMdy), std::nullopt);
     EXPECT_EQ(dateFromText("2-29-2100", kMdy), std::nullopt);
+}
+
+TEST(DateFromText, MonthsHaveTheirOwnLastDay) {
+    const std::array lastDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (int month = 1; month <= 12; ++month) {
+        const int last = lastDays.at(static_cast<std::size_t>(month - 1));
+        const std::string start = std::to_string(month) + "-";
+        EXPECT_EQ(dateFromText(start + std::to_string(last) + "-2027", kMdy),
+                  day(2027, month, last));
+        EXPECT_EQ(dateFromText(start + std::to_string(last + 1) + "-2027", kMdy), std::nullopt)
+            << month;
+    }
 }
 
 TEST(DateFromText, OtherTextsAreNoDates) {

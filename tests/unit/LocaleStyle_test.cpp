@@ -64,6 +64,15 @@ TEST_F(LocaleStyleTest, ReadsEachItemByItsSystemNumber) {
     EXPECT_EQ(style.negativeSign, "~");
 }
 
+TEST_F(LocaleStyleTest, NoMoreThanNineDecimalsAreTaken) {
+    locale.set(0x19, "9");
+    EXPECT_EQ(moneyStyle(locale).digits, 9);
+    locale.set(0x19, "10");
+    EXPECT_EQ(moneyStyle(locale).digits, 9);
+    locale.set(0x19, "2000000000");
+    EXPECT_EQ(moneyStyle(locale).digits, 9);
+}
+
 TEST_F(LocaleStyleTest, AnEmptyItemIsEmptyAndAMissingOneKeepsTheDefault) {
     locale.set(0x17, "");
     locale.remove(0x14);

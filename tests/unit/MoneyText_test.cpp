@@ -273,6 +273,18 @@ TEST(CurrencyText, KnowsEveryOrderOfTheLocaleDatabase) {
     }
 }
 
+TEST(CurrencyText, TakesTheFirstFormForAnOrderThatDoesNotExist) {
+    for (const int order : {-1, 16, 100}) {
+        MoneyStyle style;
+        style.positiveOrder = style.negativeOrder = order;
+        EXPECT_EQ(currencyText(Money::fromScaled(11'000), style), "$1.10") << order;
+        EXPECT_EQ(currencyText(Money::fromScaled(-11'000), style), "($1.10)") << order;
+    }
+    MoneyStyle style;
+    style.positiveOrder = 4;
+    EXPECT_EQ(currencyText(Money::fromScaled(11'000), style), "$1.10");
+}
+
 TEST(PlainMoneyText, DropsSymbolAndGroups) {
     EXPECT_EQ(plainMoneyText(Money::fromScaled(12'345'000), {}), "1234.50");
     EXPECT_EQ(plainMoneyText(Money(), {}), "0.00");

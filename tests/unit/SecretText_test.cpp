@@ -1,8 +1,11 @@
 #include "platform/Error.h"
 #include "platform/SecretText.h"
+#include "tests/unit/FreedMemory.h"
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace tollvane {
@@ -18,9 +21,70 @@ TEST(SecretText, IsCopiedAndMovedAndStaysItselfWhenAssignedToItself) {
     EXPECT_EQ(other, card);
     other = std::move(same);
     EXPECT_EQ(other, card);
-    SecretText moved;
+    SecretText moved("378282246310005");
     moved = std::move(other);
     EXPECT_EQ(moved, card);
+    EXPECT_TRUE(other.empty()); // NOLINT(bugprone-use-after-move): neither text stays behind
+}
+
+class SecretTextMemory : public testing::Test {
+protected:
+    static constexpr std::string_view kStart = "41111111";
+    static constexpr std::string_view kCard = "4111111111111111";
+};
+
+TEST_F(SecretTextMemory, OfAPlainTextIsGivenBackAsItIs) {
+    const test::FreedMemory freed(kStart);
+    {
+        const std::string plain(kCard.begin(), kCard.end());
+        EXPECT_EQ(plain, kCard);
+    }
+    EXPECT_EQ(freed.blocksWithIt(), 1U);
+}
+
+TEST_F(SecretTextMemory, IsWipedBeforeItIsGivenBack) {
+    const test::FreedMemory freed(kStart);
+    {
+        SecretText card(kCard);
+        SecretText other(card);
+        other = SecretText("1234");
+        other = card;
+        SecretText moved(std::move(card));
+        moved = std::move(other);
+        moved.clear();
+        moved = SecretText(kCard);
+        EXPECT_EQ(moved.view(), kCard);
+    }
+    EXPECT_EQ(freed.blocksWithIt(), 0U);
+}
+
+TEST_F(SecretTextMemory, IsWipedWhereverATextGrowsOutOfIt) {
+    const test::FreedMemory freed(kStart);
+    {
+        SecretText grown;
+        for (int i = 0; i < 500; ++i) {
+            grown.append(kCard[static_cast<std::size_t>(i) % kCard.size()]);
+        }
+        EXPECT_EQ(grown.size(), 500U);
+        SecretText full(kCard);
+        full.append('?');
+        EXPECT_EQ(full.size(), kCard.size() + 1);
+    }
+    EXPECT_EQ(freed.blocksWithIt(), 0U);
+}
+
+TEST_F(SecretTextMemory, OfAPlainTextIsWipedOnDemand) {
+    const test::FreedMemory freed(kStart);
+    {
+        std::string plain(kCard.begin(), kCard.end());
+        wipe(plain);
+        EXPECT_EQ(plain, "");
+        std::string shortened = "Card number 4111111111111111";
+        shortened.resize(4); // the longer text is still behind it
+        wipe(shortened);
+        EXPECT_EQ(shortened, "");
+    }
+    EXPECT_EQ(freed.blocksWithIt(), 0U);
 }
 
 TEST(SecretText, WipingLeavesNoByteOfTheMemoryAndNoneBesideItChanges) {

@@ -38,6 +38,28 @@ TEST_F(SwipeFaults, WithinASwipeKeepTheKeyOutOfTheField) {
     EXPECT_EQ(till.text("txtDescription"), "");
 }
 
+TEST_F(SwipeFaults, OfAPercentSignThatIsTypedLeaveItToThePause) {
+    goTo("txtDescription");
+
+    typeUnremembered('%');
+    EXPECT_EQ(till.text("txtDescription"), "") << "it may be the start of a swipe";
+    pause();
+
+    EXPECT_EQ(till.text("txtDescription"), "%");
+}
+
+TEST_F(SwipeFaults, OfASlowSwipeKeepTheTimeForItsNextKey) {
+    goTo("txtDescription");
+    type("%B4111");
+    till.desktop.robot->letTimePass(1500);
+    typeUnremembered('1');
+
+    till.desktop.robot->letTimePass(1500);
+    type("1");
+
+    EXPECT_EQ(till.text("txtDescription"), "");
+}
+
 TEST_F(SwipeFaults, OfASwipeThatWasBrokenOffEndWithThePause) {
     goTo("txtDescription");
     type("%B4111");

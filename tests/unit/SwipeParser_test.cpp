@@ -205,14 +205,27 @@ TEST(SwipeParser, IsReadyForAnythingWhenItCalls) {
 }
 
 TEST(SwipeParser, TakesALetterBAloneForNoHeader) {
-    for (const std::string before : {"", "B", "%", "4%1"}) {
+    for (const std::string before : {"", "B", "%=", "4%1"}) {
         Swiped swipe;
         swipe.parser.startAt(State::account);
 
-        swipe.type(before + (before == "%" ? "=B" : "B"));
+        swipe.type(before + "B");
 
         EXPECT_EQ(swipe.heard, "") << before;
         EXPECT_NE(swipe.parser.state(), State::pan) << before;
+    }
+}
+
+TEST(SwipeParser, StartsAfreshWhenACardIsSwipedInsteadOfAnAccountNumberOfTrackTwo) {
+    for (const std::string before : {"", "4", "4111=27"}) {
+        Swiped swipe;
+        swipe.parser.startAt(State::account);
+
+        swipe.type(before + std::string(kCard));
+
+        EXPECT_EQ(swipe.heard,
+                  "start pan:4111111111111111 name:JOHN SMITH end:" + std::string(kCard) + " ")
+            << before;
     }
 }
 

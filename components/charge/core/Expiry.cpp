@@ -36,14 +36,13 @@ std::optional<Expiry> checked(int month, int year) {
 
 std::vector<std::string_view> pieces(std::string_view text) {
     std::vector<std::string_view> result;
-    std::size_t start = 0;
-    for (std::size_t i = 0; i <= text.size(); ++i) {
-        if (i == text.size() || text[i] == '-' || text[i] == '/') {
-            result.push_back(text.substr(start, i - start));
-            start = i + 1;
-        }
+    for (;;) {
+        const std::size_t end = text.find_first_of("-/");
+        result.push_back(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return result;
+        text.remove_prefix(end + 1);
     }
-    return result;
 }
 
 } // namespace

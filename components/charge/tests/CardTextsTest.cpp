@@ -82,6 +82,11 @@ TEST(CardDataMask, CardNumbersInTextsKeepTheirLastFourDigitsOnly) {
               withoutCardNumbers("378282246310005 5555555555554444"));
 }
 
+TEST(CardDataMask, TheShortestAndTheLongestNumbersOfASchemeAreFound) {
+    EXPECT_EQ("********0009", withoutCardNumbers("500000000009"));
+    EXPECT_EQ("***************0005", withoutCardNumbers("5000000000000000005"));
+}
+
 TEST(CardDataMask, ANumberInsideALongerRunOfDigitsIsFound) {
     EXPECT_EQ("9************1111", withoutCardNumbers("94111111111111111"));
 }

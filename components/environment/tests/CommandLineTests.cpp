@@ -39,6 +39,8 @@ TEST(CommandLine, QuotedValuesMayHoldBlanks) {
 TEST(CommandLine, HyphenAndCapitalsAreTheSameSwitch) {
     EXPECT_EQ(parseCommandLine(L"-SERVER:till2").server, L"till2");
     EXPECT_EQ(parseCommandLine(L"/LocatioN:AtoZ").location, L"AtoZ");
+    EXPECT_EQ(parseCommandLine(L"/DATA:D:\\Shop").data, L"D:\\Shop");
+    EXPECT_EQ(parseCommandLine(L"/USER:Anna").user, L"Anna");
 }
 
 TEST(CommandLine, TheLastOfTwoEqualSwitchesCounts) {
