@@ -49,6 +49,14 @@ TEST_F(ColourCommands, PaintEveryLabelFrameAndCheckBoxAtRandom) {
     EXPECT_EQ(till.desktop.random.asked, static_cast<int>(controls.size()) * 6);
 }
 
+TEST_F(ColourCommands, TakeEachChannelFromAllItsValuesAndNoOthers) {
+    till.desktop.random.planned = {255, 257, 511};
+
+    paint();
+
+    EXPECT_EQ(painted().at(0)->foreColour(), Colour::rgb(255, 1, 255));
+}
+
 TEST_F(ColourCommands, SeedTheNumbersFromTheClockFirst) {
     paint();
     EXPECT_EQ(till.desktop.random.seeds, 1);

@@ -175,6 +175,7 @@ TEST(Settings, AFileNameIsPlain) {
     for (const char* bad : {"", "a\\b", "a/b", "a:b", "a*", "CON", "nul.txt", "prn", "Aux.log",
                             "Com1.log", "LPT9", "a.", "a ", "..", "a\tb"})
         EXPECT_FALSE(isPlainFileName(bad)) << bad;
+    EXPECT_TRUE(isPlainFileName(std::string(255, 'a')));
     EXPECT_FALSE(isPlainFileName(std::string(256, 'a')));
 }
 

@@ -171,6 +171,18 @@ TEST_F(OperatorTest, AnInventedOrEndedTokenIsRefused) {
     EXPECT_EQ(failureOf([&] { (void)operators.list(token); }), Failure::notSignedIn);
 }
 
+TEST_F(OperatorTest, WhoMayNotManageIsToldSoBeforeAnyWorkIsDoneForThem) {
+    server.createAnna();
+    const auto before = server.cryptography.derivations.load();
+    for (const char* password : {"short", "counter-two"}) {
+        EXPECT_EQ(failureOf([&] {
+                      (void)operators.add("", {"Ben", "Moss", "ben"}, secret(password));
+                  }),
+                  Failure::notSignedIn);
+    }
+    EXPECT_EQ(server.cryptography.derivations.load(), before);
+}
+
 TEST_F(OperatorTest, AUserNameIsTakenOnlyOnceWhateverItsCapitals) {
     server.createAnna();
     const auto token = server.signInAnna();

@@ -11,6 +11,11 @@ TEST(DayText, AWholeDateIsThatDay) {
     EXPECT_EQ(dayFromText(" 2026-1-2 ", PeriodEnd::First), 20260102);
 }
 
+TEST(DayText, TheFirstAndTheLastDaysAndMonthsAreDays) {
+    EXPECT_EQ(dayFromText("1000-01-01", PeriodEnd::Last), 10000101);
+    EXPECT_EQ(dayFromText("9999-12-31", PeriodEnd::First), 99991231);
+}
+
 TEST(DayText, AMonthOrAYearReachesFromItsFirstToItsLastDay) {
     EXPECT_EQ(dayFromText("2026-02", PeriodEnd::First), 20260201);
     EXPECT_EQ(dayFromText("2026-02", PeriodEnd::Last), 20260231);
