@@ -52,6 +52,16 @@ TEST_F(HelpContents, ThatNeitherCanShowAreReported) {
                                                    "not found.")});
 }
 
+TEST_F(HelpContents, AreOpenWhenTheShellAnswersMoreThan32) {
+    shell().result = 32;
+    choose("mnu_HContents");
+    EXPECT_EQ(till.boxes().size(), 1U);
+
+    shell().result = 33;
+    choose("mnu_HContents");
+    EXPECT_EQ(till.boxes(), std::vector<Message>());
+}
+
 class HelpButton : public HelpMenu {
 protected:
     void SetUp() override {
@@ -115,6 +125,27 @@ TEST_F(HelpButton, ThatOpensNothingSaysSoWhileTheRefusalStaysOpen) {
                                    "for the specified file type or if there is no association for "
                                    "the specified action within the file type."));
     till.expectUsable();
+}
+
+TEST_F(HelpButton, HasOpenedThePageWhenTheShellAnswersMoreThan32) {
+    shell().result = 32;
+    refuse(2, 27);
+    EXPECT_EQ(till.boxes().size(), 2U);
+
+    shell().result = 33;
+    refuse(2, 27);
+    EXPECT_EQ(till.boxes().size(), 1U) << "the refusal only";
+}
+
+TEST_F(HelpButton, TakesAProgramForPagesThatIsFoundWithMoreThan32) {
+    shell().result = 33;
+    till.desktop.faults.failAt(Port::shell, 2, 32);
+
+    refuse(2, 27);
+
+    EXPECT_EQ(till.desktop.faults.failedCall(), "findProgram");
+    EXPECT_EQ(shell().executions,
+              std::vector{opened("C:\\Program Files\\Tollvane\\zendacard.htm")});
 }
 
 TEST_F(HelpButton, OnANetworkFolderNamesTheServerInTheAddress) {

@@ -4,10 +4,12 @@ namespace tollvane::charge {
 
 std::optional<TrackOne> parseTrackOne(std::string_view track) {
     const std::size_t start = track.find('%');
-    if (start == std::string_view::npos || start + 1 >= track.size() ||
-        (track[start + 1] != 'B' && track[start + 1] != 'b'))
+    if (start == std::string_view::npos)
         return std::nullopt;
-    const std::string_view rest = track.substr(start + 2);
+    std::string_view rest = track.substr(start + 1);
+    if (!rest.starts_with('B') && !rest.starts_with('b'))
+        return std::nullopt;
+    rest.remove_prefix(1);
     const std::size_t end = rest.find('?');
     const std::size_t name = rest.find('^');
     const std::size_t data = name < end ? rest.find('^', name + 1) : std::string_view::npos;
