@@ -183,6 +183,25 @@ TEST_F(OperatorTest, WhoMayNotManageIsToldSoBeforeAnyWorkIsDoneForThem) {
     EXPECT_EQ(server.cryptography.derivations.load(), before);
 }
 
+TEST_F(OperatorTest, ASessionThatEndsDuringTheCostlyWorkChangesNothingAnyMore) {
+    server.createAnna();
+    const auto ben = server.addBen(server.signInAnna());
+    for (const bool adds : {true, false}) {
+        const auto token = server.signInAnna();
+        server.cryptography.onDerive = [&] { operators.signOut(token); };
+        EXPECT_EQ(failureOf([&] {
+                      if (adds)
+                          (void)operators.add(token, {"Cem", "Roth", "cem"}, secret("counter-six"));
+                      else
+                          operators.resetPassword(token, ben, secret("counter-six"));
+                  }),
+                  Failure::notSignedIn);
+        server.cryptography.onDerive = nullptr;
+    }
+    EXPECT_EQ(operators.count(), 2);
+    EXPECT_FALSE(operators.signIn("ben", secret("counter-two")).token.empty());
+}
+
 TEST_F(OperatorTest, AUserNameIsTakenOnlyOnceWhateverItsCapitals) {
     server.createAnna();
     const auto token = server.signInAnna();

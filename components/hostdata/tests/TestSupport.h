@@ -55,6 +55,8 @@ public:
     [[nodiscard]] Bytes derive(std::string_view password, const Bytes& salt,
                                std::int64_t iterations, std::size_t length) const override {
         ++derivations;
+        if (onDerive)
+            onDerive();
         std::uint64_t state = 14695981039346656037ULL;
         const auto mix = [&](std::uint64_t byte) { state = (state ^ byte) * 1099511628211ULL; };
         for (const char c : password)
@@ -74,6 +76,8 @@ public:
         return derive("random", {}, ++next_, length);
     }
     mutable std::atomic<int> derivations{0};
+    // What happens in the time that a derivation takes.
+    std::function<void()> onDerive;
 
 private:
     mutable std::atomic<std::int64_t> next_{0};
