@@ -136,6 +136,16 @@ TEST_F(FieldsCard, TheCardNumberTakesDigitsOnly) {
     EXPECT_EQ(till.text("txtCardNumber"), "411111111111");
 }
 
+TEST_F(FieldsCard, APastedCardNumberMakesFinishedCancelAgain) {
+    till.approveCharge();
+    ASSERT_EQ(till.button("cmdCancel").caption(), "Finished");
+    goTo("txtCardNumber");
+
+    paste("5");
+
+    EXPECT_EQ(till.button("cmdCancel").caption(), "Cancel");
+}
+
 TEST_F(FieldsCard, TheCardCodeTakesDigitsOnly) {
     goTo("txtCardCode");
     type("1a2");

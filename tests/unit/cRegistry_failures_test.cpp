@@ -78,6 +78,29 @@ TEST_F(RegistryFailures, AFailedNumberQueryClosesTheKey) {
     EXPECT_EQ(system.callsOf("closeKey").size(), 1U);
 }
 
+/// A registry whose values cannot be asked for at all.
+class BrokenRegistry : public FakeRegistry {
+public:
+    using FakeRegistry::FakeRegistry;
+    long queryValueEx(RegistryKey /*key*/, const char* /*name*/, std::uint32_t* /*reserved*/,
+                      std::uint32_t* /*type*/, std::uint8_t* /*data*/,
+                      std::uint32_t* /*size*/) override {
+        throw Error(7, "Registry", "Out of memory");
+    }
+};
+
+TEST(RegistryThatBreaks, GivesZeroForANumberAndRaisesForAText) {
+    FaultPlan faults;
+    BrokenRegistry system(faults);
+    system.addNumber(kFullKey, "Count", 3);
+    cRegistry registry(system, "Tollvane");
+
+    EXPECT_EQ(registry.GetNumericValue(kRoot, kKey, "Count", 9), 0);
+    EXPECT_FALSE(registry.GetBooleanValue(kRoot, kKey, "Count", true));
+    EXPECT_THROW(registry.GetStringValue(kRoot, kKey, "Count"), Error);
+    EXPECT_EQ(system.openKeys(), 0U);
+}
+
 TEST_F(RegistryFailures, EveryKindOfSavingRaisesTheWriteErrorWithItsOwnTrail) {
     system.deny("HKEY_LOCAL_MACHINE\\Software", registry::anyWrite);
     expectError([&] { registry.SaveStringValue(kRoot, kKey, "Name", "x"); }, 5,

@@ -73,7 +73,7 @@ std::optional<Expiry> expiryFromText(std::string_view text) {
 }
 
 std::optional<Expiry> expiryFromTrack(std::string_view yearMonth) {
-    if (yearMonth.size() < 4 || !onlyDigits(yearMonth.substr(0, 4)))
+    if (yearMonth.size() < 4)
         return std::nullopt;
     return checked(number(yearMonth.substr(2, 2)), number(yearMonth.substr(0, 2)));
 }

@@ -14,18 +14,18 @@ struct AmountRow {
 };
 
 const AmountRow amountRows[] = {
-    {cents(7001, 1), {std::nullopt, LineTrouble::None, true}},
-    {cents(7002, 20), {Reason::Declined, LineTrouble::None, false}},
-    {cents(7002, 21), {Reason::InsufficientFunds, LineTrouble::None, false}},
-    {cents(7002, 22), {Reason::KeepCard, LineTrouble::None, false}},
-    {cents(7002, 23), {Reason::CardCodeMismatch, LineTrouble::None, false}},
-    {cents(7002, 27), {Reason::AddressMismatch, LineTrouble::None, false}},
-    {cents(7003, 60), {Reason::ProcessorError, LineTrouble::None, false}},
-    {cents(7003, 61), {Reason::ProcessorBusy, LineTrouble::None, false}},
-    {cents(7004, 80), {Reason::HeldForReview, LineTrouble::None, false}},
-    {cents(7005, 1), {std::nullopt, LineTrouble::AnswerLost, false}},
-    {cents(7005, 2), {std::nullopt, LineTrouble::RequestLost, false}},
-    {cents(7005, 3), {std::nullopt, LineTrouble::AnswerLostLineDead, false}},
+    {cents(7001, 1), {.settledAtOnce = true}},
+    {cents(7002, 20), {.reason = Reason::Declined}},
+    {cents(7002, 21), {.reason = Reason::InsufficientFunds}},
+    {cents(7002, 22), {.reason = Reason::KeepCard}},
+    {cents(7002, 23), {.reason = Reason::CardCodeMismatch}},
+    {cents(7002, 27), {.reason = Reason::AddressMismatch}},
+    {cents(7003, 60), {.reason = Reason::ProcessorError}},
+    {cents(7003, 61), {.reason = Reason::ProcessorBusy}},
+    {cents(7004, 80), {.reason = Reason::HeldForReview}},
+    {cents(7005, 1), {.trouble = LineTrouble::AnswerLost}},
+    {cents(7005, 2), {.trouble = LineTrouble::RequestLost}},
+    {cents(7005, 3), {.trouble = LineTrouble::AnswerLostLineDead}},
 };
 
 bool isCharge(const ProcessorRequest& request) {

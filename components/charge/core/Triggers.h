@@ -18,7 +18,7 @@ enum class LineTrouble {
 };
 
 struct Trigger {
-    std::optional<Reason> reason; // nothing: decided by the ordinary rules
+    std::optional<Reason> reason{}; // nothing: decided by the ordinary rules
     LineTrouble trouble = LineTrouble::None;
     bool settledAtOnce = false;
 };

@@ -52,6 +52,14 @@ TEST(TrackOne, NumberAndExpiryAreTaken) {
     EXPECT_EQ((Expiry{12, 2027}), track->expiry);
 }
 
+TEST(TrackOne, AnExpiryMayStandAloneOrBeforeOtherData) {
+    for (const char* data : {"2712", "2712101000000", "2712X"}) {
+        const auto track = parseTrackOne("%B4111111111111111^A^" + std::string(data) + "?");
+        ASSERT_TRUE(track) << data;
+        EXPECT_EQ((Expiry{12, 2027}), track->expiry) << data;
+    }
+}
+
 TEST(TrackOne, BlanksInTheNumberAndTextAroundTheTrackDoNotMatter) {
     const auto track = parseTrackOne("x%b4111 1111 1111 1111^A^2701?;4111111111111111=2701?");
     ASSERT_TRUE(track);

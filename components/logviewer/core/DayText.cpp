@@ -4,15 +4,15 @@ namespace tollvane::logviewer {
 
 namespace {
 
-// A number of so many digits at most at the beginning, taken away; nothing when there is none.
-std::optional<std::int32_t> takeNumber(std::string_view& text, std::size_t mostDigits) {
+// A number of so many digits at most at the beginning, taken away; 0 when there is none.
+std::int32_t takeNumber(std::string_view& text, std::size_t mostDigits) {
     std::int32_t number = 0;
     std::size_t digits = 0;
     while (digits < text.size() && digits < mostDigits && text[digits] >= '0' &&
            text[digits] <= '9')
         number = number * 10 + (text[digits++] - '0');
     text.remove_prefix(digits);
-    return digits == 0 ? std::nullopt : std::optional(number);
+    return number;
 }
 
 bool takeDash(std::string_view& text) {
@@ -37,24 +37,22 @@ std::optional<std::int32_t> dayFromText(std::string_view text, PeriodEnd end) {
     text = trimmed(text);
     std::int32_t month = end == PeriodEnd::First ? 1 : lastMonth;
     std::int32_t day = end == PeriodEnd::First ? 1 : lastDay;
-    const auto year = takeNumber(text, 4);
-    if (!year || *year < 1000)
+    const std::int32_t year = takeNumber(text, 4);
+    if (year < 1000)
         return std::nullopt;
     if (takeDash(text)) {
-        const auto given = takeNumber(text, 2);
-        if (!given || *given < 1 || *given > lastMonth)
+        month = takeNumber(text, 2);
+        if (month < 1 || month > lastMonth)
             return std::nullopt;
-        month = *given;
         if (takeDash(text)) {
-            const auto givenDay = takeNumber(text, 2);
-            if (!givenDay || *givenDay < 1 || *givenDay > lastDay)
+            day = takeNumber(text, 2);
+            if (day < 1 || day > lastDay)
                 return std::nullopt;
-            day = *givenDay;
         }
     }
     if (!text.empty())
         return std::nullopt;
-    return *year * 10000 + month * 100 + day;
+    return year * 10000 + month * 100 + day;
 }
 
 } // namespace tollvane::logviewer
