@@ -25,7 +25,9 @@ TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
         till.desktop.faults.clear();
         EXPECT_LE(till.operations().size(), 1U);
         EXPECT_EQ(till.form().mousePointer(), MousePointer::standard);
-        EXPECT_TRUE(till.button("cmdCancel").enabled());
+        for (const char* button : {"cmdSubmit", "cmdModify", "cmdCancel"}) {
+            EXPECT_TRUE(till.button(button).enabled()) << button;
+        }
         const bool charged = till.operations().size() == 1;
         EXPECT_EQ(till.program().TransactionApproved(), charged);
         if (charged) {
@@ -39,6 +41,26 @@ TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
         return reached;
     });
     EXPECT_GE(failed, 50);
+}
+
+TEST(ControlFaults, OfARefusalLeaveEveryButtonUsable) {
+    sweepFaults([](int nth) {
+        Till till;
+        till.open();
+        till.fillCharge();
+        till.desktop.charge.answer(declined(2, 2, "Declined."));
+        till.desktop.faults.failAt(Port::controls, nth, kNumber);
+
+        till.submit();
+
+        const bool reached = till.desktop.faults.reached();
+        till.desktop.faults.clear();
+        till.boxes();
+        for (const char* button : {"cmdSubmit", "cmdModify", "cmdCancel"}) {
+            EXPECT_TRUE(till.button(button).enabled()) << button << ", failed change " << nth;
+        }
+        return reached;
+    });
 }
 
 TEST(ControlFaults, OfAClosingFormNeverKeepTheComponents) {
