@@ -202,6 +202,14 @@ TEST_F(Decline, WithAllCodesZeroAndNoReasonShowsOnlyThatItFailed) {
     EXPECT_EQ(decline(declined(0, 0, "")), failed("The authorization failed.\r\n\r\n", 0));
 }
 
+TEST_F(Decline, ShowsTheSmallestCodes) {
+    till.fillCharge();
+    ChargeAnswer answer = declined(1, 1, "Odd.");
+    answer.subCode = 1;
+    EXPECT_EQ(decline(answer).text, "The authorization failed.\r\n\r\nResponse code:\t1\r\n"
+                                    "Reason code:\t1\r\nReason sub-code:\t1\r\nOdd.");
+}
+
 TEST_F(Decline, ShowsNoNegativeCodes) {
     till.fillCharge();
     ChargeAnswer answer = declined(-1, 5, "Odd.");

@@ -39,6 +39,7 @@ TEST_P(RefundPasses, WithACardNumberThatEndsInFourDigits) {
 
 INSTANTIATE_TEST_SUITE_P(Numbers, RefundPasses,
                          ::testing::Values(Digits{"FourDigits", "1234"},
+                                           Digits{"NoughtsAndNines", "9009"},
                                            Digits{"FourteenDigits", "12345678901234"},
                                            Digits{"LettersInFrontOfFourDigits", "XYZ9876"}),
                          [](const auto& row) { return std::string(row.param.what); });
@@ -57,6 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Numbers, RefundFails,
                                            Digits{"LetterAtTheEnd", "123A"},
                                            Digits{"LetterInTheLastFour", "1234567A90"},
                                            Digits{"BlankAtTheEnd", "1234 "},
+                                           Digits{"WhatStandsBesideTheDigits", "12/:"},
                                            Digits{"DecimalPointInTheLastFour", "112.5"},
                                            Digits{"SignInTheLastFour", "1-123"}),
                          [](const auto& row) { return std::string(row.param.what); });

@@ -104,8 +104,6 @@ TransactionLog::TransactionLog(FileStore& files, FilePath path)
 // A crash may leave a line without its end, or the blanks of a probe.
 void TransactionLog::mendTail() {
     const std::uint64_t size = files_.size(path_);
-    if (size == 0)
-        return;
     const std::string tail = files_.read(path_, size > tailBytes ? size - tailBytes : 0);
     if (tail.empty() || tail.back() == '\n')
         return;

@@ -127,6 +127,14 @@ TEST(TransactionLog, AHalfWrittenLineIsMarkedAndNotContinued) {
     EXPECT_EQ("2026-11-20 18:00:00  Somebody  CHAR  (interrupted)", shop.logLines()[0]);
 }
 
+TEST(TransactionLog, ALineThatBrokeOffBehindItsFirstCharacterIsMarkedToo) {
+    Shop shop;
+    shop.files.contents["logs/ZENDACARD.LOG"] = "2";
+    ASSERT_TRUE(shop.charge("12.50"));
+    ASSERT_EQ(2u, shop.logLines().size());
+    EXPECT_EQ("2  (interrupted)", shop.logLines()[0]);
+}
+
 TEST(TransactionLog, EveryLineEndsWithAChecksumOfTheRest) {
     Shop shop;
     shop.service->signIn("Mary Smith");

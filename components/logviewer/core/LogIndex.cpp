@@ -1,8 +1,10 @@
 #include "components/logviewer/core/LogIndex.h"
 
 #include <algorithm>
+#include <charconv>
 #include <limits>
 #include <optional>
+#include <system_error>
 
 namespace tollvane::logviewer {
 
@@ -13,14 +15,13 @@ constexpr std::uint16_t mostOperators = std::numeric_limits<std::uint16_t>::max(
 // Ids are digits; nothing for another text.
 std::optional<std::uint64_t> idOf(std::string_view text) {
     constexpr std::size_t mostDigits = 19;
-    if (text.empty() || text.size() > mostDigits)
+    if (text.size() > mostDigits)
         return std::nullopt;
     std::uint64_t id = 0;
-    for (const char digit : text) {
-        if (digit < '0' || digit > '9')
-            return std::nullopt;
-        id = id * 10 + static_cast<std::uint64_t>(digit - '0');
-    }
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, id);
+    if (read.ec != std::errc() || read.ptr != end)
+        return std::nullopt;
     return id;
 }
 
