@@ -130,6 +130,22 @@ TEST_F(PaymentRecordTest, AFullCardNumberIsRefusedAsAccount) {
     EXPECT_NO_THROW(record.setValue(account, std::string("1111")));
 }
 
+TEST_F(PaymentRecordTest, TheLongestTextOfEveryFieldIsTakenAndReadBack) {
+    for (const FieldDefinition& field : kPaymentFields) {
+        if (!field.writable || field.type != FieldType::text)
+            continue;
+        const std::string longest(field.longest, 'x');
+        fill(record, 10'000);
+        record.setValue(paymentField(field.name), longest);
+        record.update();
+        EXPECT_EQ(record.value(paymentField(field.name)), FieldValue(longest)) << field.name;
+        record.addNew();
+        EXPECT_EQ(failureOf([&] { record.setValue(paymentField(field.name), longest + "x"); }),
+                  Failure::badFieldValue)
+            << field.name;
+    }
+}
+
 TEST_F(PaymentRecordTest, WrongTypesLengthsAndTheStoresOwnFieldsAreRefused) {
     record.addNew();
     const auto set = [&](const char* name, const FieldValue& value) {
