@@ -43,8 +43,7 @@ void StateNameDisplay::showName() {
     place.top = box.top - place.height;
     label_.setBounds(place);
     label_.setVisible(true);
-    timer_.setEnabled(false);
-    timer_.setEnabled(true);
+    timer_.setEnabled(true); // anew, when it runs
 }
 
 void StateNameDisplay::hide() {

@@ -115,6 +115,18 @@ TEST_F(FieldsTypingByHand, AnArrowKeyFindsThePercentSignInItsPlace) {
     EXPECT_EQ(till.text("txtDescription"), "abx%");
 }
 
+TEST_F(FieldsTypingByHand, TheDownArrowFindsThePercentSignInItsPlace) {
+    goTo("txtDescription");
+
+    type("ab");
+    till.desktop.robot->key(keycode::left);
+    type("%");
+    till.desktop.robot->key(keycode::down); // one character on
+    type("x");
+
+    EXPECT_EQ(till.text("txtDescription"), "a%bx");
+}
+
 TEST_F(FieldsTypingByHand, PastedTextFollowsThePercentSign) {
     goTo("txtDescription");
     type("10%");

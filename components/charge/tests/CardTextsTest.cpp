@@ -66,6 +66,13 @@ TEST(TrackOne, BlanksInTheNumberAndTextAroundTheTrackDoNotMatter) {
     EXPECT_EQ("4111111111111111", track->cardNumber.view());
 }
 
+TEST(TrackOne, TheNameMayBeMissing) {
+    const auto track = parseTrackOne("%B4111111111111111^^2712?");
+    ASSERT_TRUE(track);
+    EXPECT_EQ("4111111111111111", track->cardNumber.view());
+    EXPECT_EQ((Expiry{12, 2027}), track->expiry);
+}
+
 TEST(TrackOne, IncompleteTracksAreNone) {
     for (const char* text : {"", "%", "%B", "%B?", "B4111^A^2712?", "%B4111111111111111^A^2712",
                              "%B4111111111111111^A?", "%B^A^2712?", "%B4111?^A^2712",

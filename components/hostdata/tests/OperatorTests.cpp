@@ -82,6 +82,15 @@ TEST_F(OperatorTest, NamesAndPasswordsAreChecked) {
     EXPECT_EQ(operators.count(), 0);
 }
 
+TEST_F(OperatorTest, TheLongestNamesAndPasswordsAreTaken) {
+    std::string name;
+    for (int i = 0; i < 40; ++i)
+        name += "\xC3\xA9"; // one letter
+    const std::string password(128, 'x');
+    operators.createFirst({name, name, name}, secret(password));
+    EXPECT_EQ(operators.signIn(name, secret(password)).who.firstName, name);
+}
+
 TEST_F(OperatorTest, NamesAreStoredWithoutSurroundingBlanks) {
     operators.createFirst({" Anna ", " Keller", "anna "}, secret("counter-one"));
     const auto who = operators.signIn("Anna", secret("counter-one")).who;
