@@ -42,6 +42,21 @@ TEST_P(SlowReader, IsUnderstoodFromEveryField) {
     EXPECT_TRUE(till.operations().empty());
 }
 
+class ReaderThatBreaksOff : public FieldsTest {};
+
+TEST_F(ReaderThatBreaksOff, LeavesTheNextTrackItsOwnTime) {
+    goTo("txtDescription");
+    type("%B41");
+    till.desktop.robot->letTimePass(2500);
+    ASSERT_EQ(till.text("txtKbBuffer"), "");
+
+    type(kTrack2);
+
+    EXPECT_EQ(till.text("txtKbBuffer"), kTrack2) << "kept until its own time is over";
+    till.desktop.robot->letTimePass(2500);
+    EXPECT_EQ(till.text("txtKbBuffer"), "");
+}
+
 class ReaderOfAnyExpiry : public FieldsTest {};
 
 TEST_F(ReaderOfAnyExpiry, IsUnderstoodWithTheLastDigitInIt) {
