@@ -115,6 +115,8 @@ TEST(MoneyFromText, ReadsExponents) {
 }
 
 TEST(MoneyFromText, ReadsHexadecimalAndOctalLiterals) {
+    EXPECT_EQ(scaled("&H0"), 0);
+    EXPECT_EQ(scaled("&H1"), 10'000);
     EXPECT_EQ(scaled("&H10"), 160'000);
     EXPECT_EQ(scaled("&h1f"), 310'000);
     EXPECT_EQ(scaled("&O17"), 150'000);

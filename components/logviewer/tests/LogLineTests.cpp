@@ -203,7 +203,9 @@ TEST(LogAmount, ASumBelowTheLeastIsNotTold) {
     less.subtract(-3);
     EXPECT_EQ(less.value(), 2);
     less.subtract(std::numeric_limits<std::int64_t>::max());
-    less.subtract(4);
+    less.subtract(3);
+    EXPECT_EQ(less.value(), least);
+    less.subtract(1);
     EXPECT_FALSE(less.value());
 }
 
