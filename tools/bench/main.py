@@ -44,7 +44,8 @@ def measure_sales(shop, series):
         own, helpers = sale.swipe_cost(shop, run.program, place)
         series.note("tollvane", {"swipe": own, "swipe_helpers": helpers})
         own, helpers = sale.swipe_cost(shop, floor, middle, clear=True)
-        series.note("floor", {"swipe": own, "swipe_helpers": helpers})
+        series.note("floor", {"swipe": own, "swipe_helpers": helpers,
+                              "box": sale.bare_box(shop.screen, [form, window])})
     shop.screen.close(window)
     plain.wait(30)
     print("-- swipes", flush=True)
@@ -121,6 +122,8 @@ def report(series, flushes):
         "letters of name and password are not counted.",
         figures.table(["a swipe", "processor", "of helpers"], swipes),
         figures.table(["a payment", "ms"], payment),
+        "From a key in the bare window to the system's box that it shows: "
+        f"{series.shown('floor', 'box')}.",
         "Flushes of one payment: " + ", ".join(
             f"{name} {count}" for name, count in sorted(flushes.items())) +
         f"; {sum(flushes.values())} in all.",

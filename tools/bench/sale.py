@@ -61,11 +61,6 @@ class Clerk:
         box, shown = starts.await_window(self._screen, APPROVED, beside=[self._form])
         return pressed, shown, box
 
-    def dismiss(self, box):
-        """Answers the box, and waits for the form."""
-        self._screen.press("Return")
-        until("the box to go", lambda: box.id not in [w.id for w in self._screen.windows()])
-
 
 def swipe_cost(shop, program, place, clear=False):
     """Processor time of a few swipes (ms a swipe): the program's own, and its helpers'."""
@@ -84,6 +79,21 @@ def swipe_cost(shop, program, place, clear=False):
     return tuple((late - early) * 1000 / SWIPES for early, late in zip(before, after))
 
 
+def bare_box(screen, windows):
+    """The ms from a key in the bare window, which has the keyboard, to the painted box that it
+    asks the system for."""
+    pressed = screen.press("F9")
+    box, shown = starts.await_window(screen, APPROVED, beside=windows)
+    dismiss(screen, box)
+    return (shown - pressed) * 1000
+
+
+def dismiss(screen, box):
+    """Answers a box, and waits for it to go."""
+    screen.press("Return")
+    until("the box to go", lambda: box.id not in [w.id for w in screen.windows()])
+
+
 class Submissions:
     """Payments at an open form, with an eye on the files that they write."""
 
@@ -98,7 +108,7 @@ class Submissions:
         pressed, shown, box = self._clerk.submit()
         answered = self._last(LEDGER, watch.WRITTEN, pressed)
         stored = self._last(STORE_JOURNAL, watch.CHANGED, pressed)
-        self._clerk.dismiss(box)
+        dismiss(self._shop.screen, box)
         return {"answer": (answered - pressed) * 1000, "box": (shown - pressed) * 1000,
                 "stored beyond": (stored - answered) * 1000,
                 "box beyond": (shown - answered) * 1000}
@@ -120,7 +130,7 @@ class Submissions:
             until("the tracer", lambda: all(b"TracerPid:\t0\n" not in processes.read(
                 number, "status") for number in numbers))
             _, _, box = self._clerk.submit()
-            self._clerk.dismiss(box)
+            dismiss(self._shop.screen, box)
             tracer.terminate()
             lines = tracer.stdout.read()
         return collections.Counter(name.rpartition("/")[2] for name in SYNC.findall(lines))

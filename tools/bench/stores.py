@@ -49,7 +49,7 @@ class Stores:
         clerk.fill()
         pressed, _, box = clerk.submit()
         commit = self._commit(pressed)
-        clerk.dismiss(box)
+        sale.dismiss(self._shop.screen, box)
         result = {"sign-in window": start.keys, "form": start.form_keys, "commit": commit,
                   "search": self._search(size), "reprint": self._reprint()}
         self._till.close(form)
