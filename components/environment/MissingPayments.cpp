@@ -1,5 +1,6 @@
 #include "components/environment/MissingPayments.h"
 
+#include <algorithm>
 #include <optional>
 #include <set>
 #include <utility>
@@ -14,6 +15,8 @@ using PaymentKey = std::pair<Text, std::int64_t>;
 
 constexpr std::size_t approvedColumns = 6;
 constexpr std::size_t storedColumns = 2;
+constexpr std::int32_t comparedDays = 7;
+constexpr std::ptrdiff_t mostStored = 50'000; // that the host data server lists
 
 // Takes the text up to the mark off the front.
 Text take(Text& text, wchar_t mark) {
@@ -74,6 +77,28 @@ std::vector<MissingPayment> missingPayments(Text approved, Text stored) {
                            std::wstring(columns[5])});
     }
     return missing;
+}
+
+std::vector<MissingPayment> missingOfTheWeek(const ListOfDays& approved, const ListOfDays& stored) {
+    const std::wstring paid = approved(comparedDays);
+    if (paid.empty())
+        return {};
+    // The two clocks may differ: a day more of what is stored.
+    const std::wstring records = stored(comparedDays + 1);
+    if (std::count(records.begin(), records.end(), L'\n') >= mostStored)
+        return {}; // what is not on this list may be stored all the same
+    return missingPayments(paid, records);
+}
+
+std::vector<RecordValue> recordOf(const MissingPayment& payment) {
+    std::vector<RecordValue> record;
+    if (!payment.lastFour.empty())
+        record.push_back({L"Account", L"****" + payment.lastFour});
+    record.push_back({L"Amount", payment.amount});
+    record.push_back({L"Approval", payment.type == L"VOID" ? L"VOID" : payment.approval});
+    record.push_back({L"PaidBy", L"Charge"});
+    record.push_back({L"TransID", payment.transaction});
+    return record;
 }
 
 } // namespace tollvane::environment

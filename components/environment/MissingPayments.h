@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace tollvane::environment {
@@ -25,5 +27,24 @@ struct MissingPayment {
 // Lines that cannot be understood are passed over.
 [[nodiscard]] std::vector<MissingPayment> missingPayments(std::wstring_view approved,
                                                           std::wstring_view stored);
+
+// One of the two lists, of so many days that end now.
+using ListOfDays = std::function<std::wstring(std::int32_t days)>;
+
+// The approved payments of the last week that are not stored; oldest first. None when more than
+// 50,000 were stored meanwhile, which is more than the host data server lists.
+[[nodiscard]] std::vector<MissingPayment> missingOfTheWeek(const ListOfDays& approved,
+                                                           const ListOfDays& stored);
+
+struct RecordValue {
+    std::wstring field;
+    std::variant<std::wstring, std::int64_t> value; // a text, or an amount times 10,000
+
+    bool operator==(const RecordValue&) const = default;
+};
+
+// What the record of a missing payment holds: what is known of it, as the program would have
+// recorded it.
+[[nodiscard]] std::vector<RecordValue> recordOf(const MissingPayment& payment);
 
 } // namespace tollvane::environment

@@ -6,16 +6,12 @@
 
 #include <objbase.h>
 
-#include <algorithm>
-
 namespace tollvane::environment {
 
 namespace {
 
 constexpr const wchar_t* kChargeComponent = L"ZendaSwiftill.Tollvane";
 constexpr LONG kNoRecord = -1;
-constexpr LONG kDays = 7;
-constexpr std::ptrdiff_t kMostStored = 50'000; // that the host data server lists
 
 Remote chargeComponent() {
     CLSID id;
@@ -26,42 +22,37 @@ Remote chargeComponent() {
     return Remote(std::move(object));
 }
 
-void set(const Remote& record, const wchar_t* field, const std::wstring& value) {
-    const com::Bstr name{std::wstring_view(field)};
-    const com::Bstr text{std::wstring_view(value)};
-    record.object(L"Item", {argument(name)}).put(L"Value", argument(text));
-}
-
 CY currency(std::int64_t scaledAmount) {
     CY amount;
     amount.int64 = scaledAmount;
     return amount;
 }
 
+void set(const Remote& record, const RecordValue& value) {
+    const com::Bstr name{std::wstring_view(value.field)};
+    const Remote item = record.object(L"Item", {argument(name)});
+    if (const auto* amount = std::get_if<std::int64_t>(&value.value)) {
+        item.put(L"Value", argument(currency(*amount)));
+    } else {
+        const com::Bstr text{std::wstring_view(std::get<std::wstring>(value.value))};
+        item.put(L"Value", argument(text));
+    }
+}
+
 } // namespace
 
 std::vector<MissingPayment> findMissingPayments(const EnvironmentState& state) {
-    const std::wstring approved = chargeComponent().text(L"ApprovedPayments", {argument(kDays)});
-    if (approved.empty())
-        return {};
-    // The two clocks may differ: a day more of what is stored.
-    const std::wstring stored = state.hostData().storedPayments(kDays + 1);
-    if (std::count(stored.begin(), stored.end(), L'\n') >= kMostStored)
-        return {}; // what is not on this list may be stored all the same
-    return missingPayments(approved, stored);
+    return missingOfTheWeek(
+        [](LONG days) { return chargeComponent().text(L"ApprovedPayments", {argument(days)}); },
+        [&](LONG days) { return state.hostData().storedPayments(days); });
 }
 
 bool recordPayment(const EnvironmentState& state, const MissingPayment& payment) {
     const Remote record(state.hostData().createObject(kPaymentRecord, state.session().token));
     record.call(L"GetrecbyIDNumber", {argument(kNoRecord)});
     record.call(L"AddNew");
-    if (!payment.lastFour.empty())
-        set(record, L"Account", L"****" + payment.lastFour);
-    const com::Bstr amount{std::wstring_view(L"Amount")};
-    record.object(L"Item", {argument(amount)}).put(L"Value", argument(currency(payment.amount)));
-    set(record, L"Approval", payment.type == L"VOID" ? L"VOID" : payment.approval);
-    set(record, L"PaidBy", L"Charge");
-    set(record, L"TransID", payment.transaction);
+    for (const RecordValue& each : recordOf(payment))
+        set(record, each);
     return record.flag(L"UpdateOnce");
 }
 

@@ -40,5 +40,50 @@ TEST(MissingPayments, KeepAnEmptyValueInItsPlace) {
     EXPECT_EQ(missing.front().type, L"VOID");
 }
 
+TEST(MissingPayments, AreLookedForAWeekBackAndInADayMoreOfRecords) {
+    std::vector<std::int32_t> asked;
+    const auto list = [&](const std::wstring& text) {
+        return [&asked, text](std::int32_t days) {
+            asked.push_back(days);
+            return text;
+        };
+    };
+    EXPECT_EQ(missingOfTheWeek(list(first + second), list(L"1000000001\t314000\n")).size(), 1u);
+    EXPECT_EQ(asked, (std::vector<std::int32_t>{7, 8}));
+    asked.clear();
+    EXPECT_TRUE(missingOfTheWeek(list(L""), list(L"")).empty());
+    EXPECT_EQ(asked, std::vector<std::int32_t>{7}) << "nothing was approved: no need to ask more";
+}
+
+TEST(MissingPayments, AreNoneWhenMoreIsStoredThanIsListed) {
+    const auto approved = [](std::int32_t) { return first; };
+    const auto stored = [](int lines) {
+        return [lines](std::int32_t) {
+            std::wstring text;
+            for (int i = 0; i < lines; ++i)
+                text += L"7\t1\n";
+            return text;
+        };
+    };
+    EXPECT_EQ(missingOfTheWeek(approved, stored(49'999)).size(), 1u);
+    EXPECT_TRUE(missingOfTheWeek(approved, stored(50'000)).empty());
+}
+
+TEST(MissingPayments, AreRecordedAsTheyWouldHaveBeen) {
+    const auto missing = missingPayments(first + second, L"");
+    ASSERT_EQ(missing.size(), 2u);
+    const std::vector<RecordValue> charge{{L"Account", L"****1881"},
+                                          {L"Amount", std::int64_t{314'000}},
+                                          {L"Approval", L"A1B2C3"},
+                                          {L"PaidBy", L"Charge"},
+                                          {L"TransID", L"1000000001"}};
+    const std::vector<RecordValue> voided{{L"Amount", std::int64_t{-50'000}},
+                                          {L"Approval", L"VOID"},
+                                          {L"PaidBy", L"Charge"},
+                                          {L"TransID", L"1000000002"}};
+    EXPECT_EQ(recordOf(missing[0]), charge);
+    EXPECT_EQ(recordOf(missing[1]), voided);
+}
+
 } // namespace
 } // namespace tollvane::environment
