@@ -1,11 +1,10 @@
 #include "tests/proof/simulation/Judge.h"
 
-#include "components/charge/core/ApprovedPayments.h"
 #include "components/charge/core/GatewayMoney.h"
-#include "components/environment/MissingPayments.h"
 #include "gateway/TransactionType.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tollvane::simulation {
 
@@ -31,14 +30,6 @@ public:
 private:
     SimulatedDisk& disk_;
 };
-
-std::string narrow(const std::wstring& text) {
-    std::string narrowed;
-    for (const wchar_t c : text) {
-        narrowed += static_cast<char>(c);
-    }
-    return narrowed;
-}
 
 bool has(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
@@ -133,82 +124,113 @@ void Judge::checkLog(const charge::LedgerEntry& approved) {
     }
 }
 
-void Judge::checkStore(const charge::LedgerEntry& approved, const std::vector<Entry>& entries,
-                       const std::set<std::string>& told, std::vector<StoredPayment>& payments) {
-    const std::string& id = approved.answer.transactionId;
-    const auto found = std::ranges::find(payments, id, &StoredPayment::transactionId);
-    if (found != payments.end()) {
-        const std::string code =
-            approved.operation == charge::Operation::Void ? "VOID" : approved.answer.approvalCode;
-        if (found->amount != recorded(approved) || found->approval != code) {
-            report_.complain("the record of " + id + " is not what was charged");
-        }
-        payments.erase(found);
-        ++report_.recorded;
-        return;
+std::vector<charge::LedgerEntry> Judge::livePayments() const {
+    if (ground_.settings.settings.testMode) {
+        return {};
     }
-    missing_.insert(id);
-    const auto entry = std::ranges::find(entries, approved.invoiceNumber, &Entry::invoice);
-    if (told.count(id) != 0 || (entry != entries.end() && entry->lookedUp)) {
-        ++report_.missingAndTold;
-    } else if (entry != entries.end() && entry->interrupted) {
-        ++report_.missingAndLogged;
-    } else {
-        report_.complain("no record of " + id + ", and nobody was told");
-    }
+    std::vector<charge::LedgerEntry> found = ledger();
+    std::erase_if(found, [](const charge::LedgerEntry& each) { return !each.approved(); });
+    return found;
 }
 
-void Judge::compareAtSignIn() {
-    const auto compare = [this] {
-        const std::string approved =
-            charge::listText(charge::approvedPayments(ground_.disk.contents(kLog), {}));
-        const std::string stored = host_.list();
-        return environment::missingPayments(std::wstring(approved.begin(), approved.end()),
-                                            std::wstring(stored.begin(), stored.end()));
-    };
-    std::set<std::string> named;
-    for (const environment::MissingPayment& each : compare()) {
-        named.insert(narrow(each.transaction));
-        host_.record({narrow(each.transaction), Money::fromScaled(each.amount),
-                      narrow(each.approval), narrow(each.lastFour)});
-    }
-    if (named != missing_) {
-        report_.complain("the comparison names other payments than are missing");
-    }
-    if (!compare().empty()) {
-        report_.complain("something is missing after it was recorded");
-    }
-    report_.recordedLater += static_cast<int>(named.size());
-}
-
-void Judge::closeBooks(const std::vector<Entry>& entries, const std::set<std::string>& told) {
-    std::vector<StoredPayment> payments = host_.payments();
-    for (const charge::LedgerEntry& each : ledger()) {
-        if (!each.approved()) {
+void Judge::lookBeforeSignIn(const std::vector<Entry>& entries, const std::set<std::string>& told) {
+    const std::vector<StoredPayment> payments = host_.payments();
+    std::set<std::string> missingBefore;
+    missingBefore.swap(missing_);
+    for (const charge::LedgerEntry& each : livePayments()) {
+        const std::string& id = each.answer.transactionId;
+        if (std::ranges::find(payments, id, &StoredPayment::transactionId) != payments.end()) {
             continue;
         }
-        ++report_.approved;
-        checkLog(each);
-        if (!ground_.settings.settings.testMode) {
-            checkStore(each, entries, told, payments);
+        missing_.insert(id);
+        const auto entry = std::ranges::find(entries, each.invoiceNumber, &Entry::invoice);
+        const bool known = entry != entries.end();
+        const bool counted = missingBefore.count(id) != 0;
+        if (told.count(id) != 0 || (known && entry->lookedUp)) {
+            report_.missingAndTold += counted ? 0 : 1;
+        } else if (known && entry->interrupted) {
+            report_.missingAndLogged += counted ? 0 : 1;
+        } else {
+            report_.complain("no record of " + id + ", and nobody was told");
         }
     }
-    compareAtSignIn();
+}
+
+void Judge::lookAfterSignIn(const std::vector<environment::MissingPayment>& named) {
+    for (const environment::MissingPayment& each : named) {
+        const std::string id(each.transaction.begin(), each.transaction.end());
+        if (missing_.count(id) == 0 || !recordedLater_.insert(id).second) {
+            report_.complain("the sign-in found missing what is not: " + id);
+        }
+        ++report_.recordedLater;
+    }
+}
+
+void Judge::checkRecord(const charge::LedgerEntry& approved, std::vector<StoredPayment>& payments) {
+    const std::string& id = approved.answer.transactionId;
+    std::vector<StoredPayment> found;
+    std::ranges::copy_if(payments, std::back_inserter(found),
+                         [&](const StoredPayment& each) { return each.transactionId == id; });
+    std::erase_if(payments, [&](const StoredPayment& each) { return each.transactionId == id; });
+    if (found.size() != 1) {
+        report_.complain("the store has " + std::to_string(found.size()) + " records of " + id);
+        return;
+    }
+    const StoredPayment& record = found.front();
+    const bool isVoid = approved.operation == charge::Operation::Void;
+    if (record.amount != recorded(approved)) {
+        report_.complain("the record of " + id +
+                         " tells another amount: " + std::to_string(record.amount.scaled()) +
+                         " for " + std::to_string(recorded(approved).scaled()));
+    }
+    if (record.approval != (isVoid ? "VOID" : approved.answer.approvalCode) ||
+        record.paidBy != "Charge" || !record.account.ends_with(isVoid ? "" : approved.lastFour)) {
+        report_.complain("the record of " + id + " is not what was charged: " + record.approval +
+                         ", " + record.account + ", " + record.paidBy);
+    }
+    ++report_.recordsCompared;
+    report_.recordedAtOnce += recordedLater_.count(id) == 0 ? 1 : 0;
+}
+
+void Judge::checkStore() {
+    std::vector<StoredPayment> payments = host_.payments();
+    std::int64_t balance = 0;
+    for (const StoredPayment& each : payments) {
+        balance += each.amount.scaled();
+    }
+    for (const charge::LedgerEntry& each : livePayments()) {
+        balance -= recorded(each).scaled();
+        checkRecord(each, payments);
+    }
     for (const StoredPayment& left : payments) {
-        report_.complain("a record without a charge, or twice: " + left.transactionId);
+        report_.complain("a record without a charge: " + left.transactionId);
     }
-    for (const Entry& entry : entries) {
-        const auto approved = approvals(entry);
-        if (approved.size() > 1) {
-            report_.complain("charged " + std::to_string(approved.size()) +
-                             " times: " + entry.invoice);
-        }
-        for (const charge::LedgerEntry& each : approved) {
-            if (each.amount != entry.amount) {
-                report_.complain("another amount was charged: " + entry.invoice);
-            }
+    if (balance != 0) {
+        report_.complain("ledger and store differ by " + std::to_string(balance));
+    }
+}
+
+void Judge::checkEntry(const Entry& entry) {
+    const auto approved = approvals(entry);
+    if (approved.size() > 1) {
+        report_.complain("charged " + std::to_string(approved.size()) + " times: " + entry.invoice);
+    }
+    for (const charge::LedgerEntry& each : approved) {
+        if (each.amount != entry.amount) {
+            report_.complain("another amount was charged: " + entry.invoice);
         }
     }
+}
+
+void Judge::closeBooks(const std::vector<Entry>& entries) {
+    for (const charge::LedgerEntry& each : ledger()) {
+        if (each.approved()) {
+            ++report_.approved;
+            checkLog(each);
+        }
+    }
+    checkStore();
+    std::ranges::for_each(entries, [this](const Entry& entry) { checkEntry(entry); });
 }
 
 } // namespace tollvane::simulation

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/charge/core/Ledger.h"
+#include "components/environment/MissingPayments.h"
 #include "platform/MessageBox.h"
 #include "tests/proof/simulation/Entry.h"
 #include "tests/proof/simulation/Report.h"
@@ -29,22 +30,29 @@ public:
 
     /// A box is on the screen. `outcomeUnknown`: the operation raised an error.
     void look(const Message& box, const Entry& entry, bool outcomeUnknown);
-    /// At the end of the day: ledger, log and store. `told` are the ids that the program named.
-    /// What has no record is to be found by the comparison at the next sign-in, which records it.
-    void closeBooks(const std::vector<Entry>& entries, const std::set<std::string>& told);
+    /// Before a sign-in: of what has no record the operator was told. `told` are the ids that the
+    /// program named.
+    void lookBeforeSignIn(const std::vector<Entry>& entries, const std::set<std::string>& told);
+    /// The sign-in found these payments missing and recorded them.
+    void lookAfterSignIn(const std::vector<environment::MissingPayment>& named);
+    /// After the last sign-in: every approved operation stands once in ledger, log and store, with
+    /// the same amount and sign, and nothing else stands there.
+    void closeBooks(const std::vector<Entry>& entries);
 
 private:
     void lookAtRefusal(const Message& box, const Entry& entry, bool outcomeUnknown);
     void checkLog(const charge::LedgerEntry& approved);
-    void checkStore(const charge::LedgerEntry& approved, const std::vector<Entry>& entries,
-                    const std::set<std::string>& told, std::vector<StoredPayment>& payments);
-
-    void compareAtSignIn();
+    void checkRecord(const charge::LedgerEntry& approved, std::vector<StoredPayment>& payments);
+    void checkStore();
+    void checkEntry(const Entry& entry);
+    /// Approved operations that belong into the store.
+    std::vector<charge::LedgerEntry> livePayments() const;
 
     ChargeGround& ground_;
     SimulatedHost& host_;
     Report& report_;
-    std::set<std::string> missing_; ///< ids of charges without a record
+    std::set<std::string> missing_; ///< ids that had no record before the sign-in
+    std::set<std::string> recordedLater_;
 };
 
 } // namespace tollvane::simulation

@@ -58,10 +58,12 @@ std::string Report::summary() const {
     std::ostringstream out;
     out << "transactions " << transactions << "\nsubmissions " << submissions << "\napproved "
         << approved << "\ndeclined " << declined << "\nerrors " << errors << "\nrestarts "
-        << restarts << "\nrecorded " << recorded << "\nmissing, told in the status bar "
-        << missingAndTold << "\nmissing after a crash, told by the log " << missingAndLogged
-        << "\nfound missing at the next sign-in and recorded " << recordedLater << "\ncomplaints "
-        << complained << "\n";
+        << restarts << "\nrecorded at once " << recordedAtOnce
+        << "\nmissing, told in the status bar " << missingAndTold
+        << "\nmissing after a crash, told by the log " << missingAndLogged
+        << "\nfound missing at the next sign-in and recorded " << recordedLater
+        << "\nrecords compared with the ledger after the last sign-in " << recordsCompared
+        << "\ncomplaints " << complained << "\n";
     for (std::size_t i = 0; i < kFaultKinds; ++i) {
         out << "fault " << nameOf(static_cast<Fault>(i)) << ": " << drawn[i] << " drawn, "
             << struck[i] << " met\n";

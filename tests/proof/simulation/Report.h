@@ -31,10 +31,11 @@ struct Report {
     int declined = 0;
     int errors = 0;
     int restarts = 0;
-    int recorded = 0;
+    int recordedAtOnce = 0;
     int missingAndTold = 0;   ///< the status bar named the payment
     int missingAndLogged = 0; ///< the program ended in between; the log names the payment
     int recordedLater = 0;    ///< found missing at the next sign-in and recorded
+    int recordsCompared = 0;  ///< with the ledger, after the last sign-in
     std::array<int, kFaultKinds> drawn{};
     std::array<int, kFaultKinds> struck{};
     int complained = 0;

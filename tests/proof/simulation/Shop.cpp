@@ -41,6 +41,44 @@ void Shop::start() {
     if (!counter_->isOpen() || !counter_->boxes.seen.empty()) {
         report_.complain("the start is not clean");
     }
+    signIn();
+    counter_->boxes.whileOpen = [this](const Message& box) {
+        judge_.look(box, entry(), counter_->charge.raised);
+    };
+}
+
+/// What the environment component does when an operator has signed in: it compares the books and
+/// records what is missing.
+void Shop::signIn() {
+    setServerClock();
+    judge_.lookBeforeSignIn(entries_, told_);
+    const auto wide = [](const std::string& text) {
+        return std::wstring(text.begin(), text.end());
+    };
+    const auto compare = [&] {
+        return environment::missingOfTheWeek(
+            [&](int days) { return wide(counter_->charge.service().approvedPayments(days)); },
+            [&](int days) { return wide(host_.storedPayments(days)); });
+    };
+    try {
+        const auto missing = compare();
+        judge_.lookAfterSignIn(missing);
+        for (const environment::MissingPayment& each : missing) {
+            if (!host_.recordOnce(environment::recordOf(each))) {
+                report_.complain("what was missing is there");
+            }
+        }
+        if (!compare().empty()) {
+            report_.complain("something is missing after it was recorded");
+        }
+    } catch (const Error&) {
+        report_.trace.line("  cannot be compared");
+    }
+}
+
+void Shop::setServerClock() {
+    host_.clock.milliseconds =
+        TillClock(counter_->desktop.clock).now().epochSeconds * kMilliseconds;
 }
 
 void Shop::stop() {
@@ -119,6 +157,7 @@ void Shop::serve(const Faults& faults) {
     counter_->desktop.clock.advance(
         static_cast<std::uint64_t>(dice_.between(5, 300) * kMilliseconds));
     moveClock(faults);
+    setServerClock();
     counter_->fill(entry());
     submit(faults);
     secondTry(faults);
@@ -267,13 +306,9 @@ void Shop::close() {
         report_.complain("the program does not end");
     }
     stop();
-    ground_.disk.heal();
-    // The next start settles what is open.
-    test::FakeClock tomorrow;
-    tomorrow.set(now_);
-    TillClock clock(tomorrow);
-    makeService(ground_, clock)->settleOpenOperations();
-    judge_.closeBooks(entries_, told_);
+    start(); // settles what is open
+    stop();
+    judge_.closeBooks(entries_);
 }
 
 } // namespace tollvane::simulation

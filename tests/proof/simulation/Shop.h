@@ -48,6 +48,8 @@ private:
     void chargeAtOtherTill();
 
     void start();
+    void signIn();
+    void setServerClock();
     void stop();
     void restartIfEnded();
     Entry& entry() { return entries_.back(); }

@@ -45,6 +45,15 @@ std::string textOf(const hostdata::FieldValue& value) {
     return text == nullptr ? std::string() : *text;
 }
 
+/// The components speak in wide letters; these texts have plain ones only.
+std::string narrow(const std::wstring& text) {
+    std::string narrowed;
+    for (const wchar_t c : text) {
+        narrowed += static_cast<char>(c);
+    }
+    return narrowed;
+}
+
 } // namespace
 
 SimulatedHost::SimulatedHost(const bool& dark) : dark_(dark) {}
@@ -80,7 +89,7 @@ ObjectRef SimulatedHost::object(test::AutomationRecord& record) {
 }
 
 ObjectRef SimulatedHost::makeRecord(test::AutomationRecord& record) {
-    auto payment = std::make_shared<hostdata::PaymentRecord>(store_, clock_, "ada", "Main Street");
+    auto payment = std::make_shared<hostdata::PaymentRecord>(store_, clock, "ada", "Main Street");
     auto calls = std::make_shared<int>(0);
     auto made = std::make_shared<test::FakeObject>("payment", record);
     made->method("GetrecbyIDNumber", [=, this](std::vector<Argument>& arguments) -> Variant {
@@ -128,20 +137,22 @@ std::int64_t SimulatedHost::count() {
         [](hostdata::Database& database) { return hostdata::PaymentTable(database).count(); });
 }
 
-std::string SimulatedHost::list() {
-    return store_.read([](hostdata::Database& database) {
-        return hostdata::PaymentTable(database).listSince({}, 1000);
-    });
+std::string SimulatedHost::storedPayments(int days) {
+    requireLife(HostTrouble::gone);
+    return hostdata::storedPayments(store_, clock, days);
 }
 
-void SimulatedHost::record(const StoredPayment& payment) {
-    hostdata::PaymentRecord made(store_, clock_, "ada", "Main Street");
+bool SimulatedHost::recordOnce(const std::vector<environment::RecordValue>& values) {
+    requireLife(HostTrouble::gone);
+    hostdata::PaymentRecord made(store_, clock, "ada", "Main Street");
     made.addNew();
-    made.setValue(hostdata::paymentField("TransID"), payment.transactionId);
-    made.setValue(hostdata::paymentField("Amount"), payment.amount.scaled());
-    made.setValue(hostdata::paymentField("Approval"), payment.approval);
-    made.setValue(hostdata::paymentField("Account"), payment.account);
-    static_cast<void>(made.updateOnce());
+    for (const environment::RecordValue& each : values) {
+        const auto* text = std::get_if<std::wstring>(&each.value);
+        made.setValue(hostdata::paymentField(narrow(each.field)),
+                      text != nullptr ? hostdata::FieldValue(narrow(*text))
+                                      : hostdata::FieldValue(std::get<std::int64_t>(each.value)));
+    }
+    return made.updateOnce();
 }
 
 std::vector<StoredPayment> SimulatedHost::payments() {
@@ -155,9 +166,9 @@ std::vector<StoredPayment> SimulatedHost::payments() {
             };
             const auto* scaled =
                 std::get_if<std::int64_t>(&values[hostdata::paymentField("Amount")]);
-            found.push_back({textOf(value("TransID")),
-                             Money::fromScaled(scaled == nullptr ? 0 : *scaled),
-                             textOf(value("Approval")), textOf(value("Account"))});
+            found.push_back(
+                {textOf(value("TransID")), Money::fromScaled(scaled == nullptr ? 0 : *scaled),
+                 textOf(value("Approval")), textOf(value("Account")), textOf(value("PaidBy"))});
         }
         return found;
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "components/environment/MissingPayments.h"
 #include "components/hostdata/payments/PaymentRecord.h"
 #include "components/hostdata/store/Store.h"
 #include "platform/Money.h"
@@ -25,8 +26,17 @@ struct StoredPayment {
     Money amount;
     std::string approval;
     std::string account;
+    std::string paidBy;
 
     friend bool operator==(const StoredPayment&, const StoredPayment&) = default;
+};
+
+/// The server's time, which somebody sets.
+class ServerClock final : public hostdata::Clock {
+public:
+    std::int64_t now() const override { return milliseconds; }
+
+    std::int64_t milliseconds = 0; ///< since 1970
 };
 
 /// The host data server: the shop's real payment store behind its automation contract. Outlives the
@@ -45,10 +55,12 @@ public:
 
     std::vector<StoredPayment> payments();
     std::int64_t count();
-    /// The payments as the server lists them for a comparison.
-    std::string list();
-    /// Records a payment by hand, once.
-    void record(const StoredPayment& payment);
+    /// The records of the last days, as the server lists them for a comparison.
+    std::string storedPayments(int days);
+    /// Records a payment, unless it is there; answers whether it was recorded.
+    bool recordOnce(const std::vector<environment::RecordValue>& values);
+
+    ServerClock clock;
 
 private:
     ObjectRef makeRecord(test::AutomationRecord& record);
@@ -57,7 +69,6 @@ private:
     void countCall(int& calls);
 
     const bool& dark_;
-    hostdata::SystemClock clock_;
     hostdata::Store store_{":memory:"};
 };
 
