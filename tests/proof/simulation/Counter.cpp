@@ -3,6 +3,7 @@
 #include "gateway/TransactionType.h"
 
 #include <array>
+#include <utility>
 
 namespace tollvane::simulation {
 
@@ -28,9 +29,22 @@ MessageAnswer SimulatedBoxes::show(const Message& message) {
     return message.buttons == MessageButtons::ok ? MessageAnswer::ok : answer;
 }
 
+FactsAtTill::~FactsAtTill() {
+    if (place_) {
+        places_.erase(*place_);
+    }
+}
+
+bool FactsAtTill::anotherInstanceRuns() {
+    if (!std::exchange(asked_, true) && places_.insert(productName()).second) {
+        place_ = productName();
+    }
+    return !place_;
+}
+
 Counter::Counter(ChargeGround& ground, SimulatedHost& host, const DateTime& now)
-    : boxes(ground.dark), charge(ground, clockAt(now), desktop.record),
-      application_(furnish(host)) {}
+    : facts(desktop.faults, ground.places), boxes(ground.dark),
+      charge(ground, clockAt(now), desktop.record), application_(furnish(host)) {}
 
 test::FakeClock& Counter::clockAt(const DateTime& now) {
     desktop.clock.set(now);
@@ -42,7 +56,8 @@ Desktop Counter::furnish(SimulatedHost& host) {
         "HKEY_LOCAL_MACHINE\\Software\\Norrow Programs\\Tollvane\\Company Information", "Name",
         "Oak & Elm");
     desktop.use(boxes);
-    desktop.automation.registerProgId("ZendaSwiftill.Tollvane", [this] { return charge.object(); });
+    desktop.use(facts);
+    desktop.automation.registerProgId("ZendaSwiftill.Tollvane", [this] { return charge.load(); });
     desktop.automation.registerProgId("dcZenda32.dcclsZenda32",
                                       [this, &host] { return host.object(desktop.record); });
     return desktop.desktop();
@@ -137,26 +152,6 @@ std::string Counter::complaint() {
         found += "the amount cannot be entered; ";
     }
     return found;
-}
-
-std::string Counter::startSecondInstance() {
-    const std::size_t before = boxes.seen.size();
-    const bool silent = boxes.refuseNext;
-    desktop.program.otherInstance = true;
-    Application second(desktop.desktop());
-    second.Main();
-    desktop.program.otherInstance = false;
-    if (second.form() != nullptr) {
-        return "a second instance runs";
-    }
-    if (silent) {
-        return {};
-    }
-    if (boxes.seen.size() != before + 1 || boxes.seen.back().title != "Application Is Running") {
-        return "a second instance was not refused";
-    }
-    boxes.seen.pop_back();
-    return {};
 }
 
 } // namespace tollvane::simulation

@@ -8,6 +8,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +36,24 @@ private:
     const bool& dark_;
 };
 
+/// The executable's facts at a till where one program at a time may run: whoever asks first has the
+/// place, until it ends.
+class FactsAtTill final : public test::FakeProgramFacts {
+public:
+    FactsAtTill(test::FaultPlan& faults, std::set<std::string>& places)
+        : FakeProgramFacts(faults), places_(places) {}
+    ~FactsAtTill() override;
+    FactsAtTill(const FactsAtTill&) = delete;
+    FactsAtTill& operator=(const FactsAtTill&) = delete;
+
+    bool anotherInstanceRuns() override;
+
+private:
+    std::set<std::string>& places_;
+    bool asked_ = false;
+    std::optional<std::string> place_; ///< that this program has
+};
+
 /// One run of the program at the counter, and the hands of its operator.
 class Counter {
 public:
@@ -55,10 +75,9 @@ public:
     void swipe(std::string_view card);
     /// What an operator needs to go on, or what is wrong with it.
     std::string complaint();
-    /// Another start of the program while this one runs; answers what came of it.
-    std::string startSecondInstance();
 
     test::TestDesktop desktop;
+    FactsAtTill facts;
     SimulatedBoxes boxes;
     SimulatedCharge charge;
 

@@ -22,6 +22,7 @@ constexpr std::array kNames{
     "late approval",
     "processor down",
     "request sent twice",
+    "program killed while busy",
     "wrong typed result",
     "wrong typed field",
     "error after approval",

@@ -24,6 +24,7 @@ enum class Fault {
     lateApproval,
     processorDown,
     requestSentTwice,
+    programKilledWhileBusy,
     // The components.
     wrongTypedResult,
     wrongTypedField,

@@ -9,10 +9,11 @@ namespace {
 constexpr std::size_t kLatest = 60;
 constexpr std::size_t kMostComplaints = 5;
 
-std::string namesOfNone(const std::array<int, kFaultKinds>& counts) {
+template <class Is>
+std::string namesOf(const Is& is) {
     std::string names;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        if (counts[i] == 0) {
+    for (std::size_t i = 0; i < kFaultKinds; ++i) {
+        if (is(i)) {
             names += (names.empty() ? "" : ", ") + std::string(nameOf(static_cast<Fault>(i)));
         }
     }
@@ -48,10 +49,27 @@ void Report::complain(const std::string& what) {
 }
 
 std::string Report::neverDrawn() const {
-    return namesOfNone(drawn);
+    return namesOf([this](std::size_t i) { return drawn.at(i) == 0; });
 }
 std::string Report::neverStruck() const {
-    return namesOfNone(struck);
+    return namesOf([this](std::size_t i) { return struck.at(i) == 0; });
+}
+std::string Report::neverInCall(const Faults& kinds) const {
+    return namesOf([&](std::size_t i) {
+        return kinds.count(static_cast<Fault>(i)) != 0 && inCall.at(i) == 0;
+    });
+}
+std::string Report::oftenerThanDrawn() const {
+    return namesOf([this](std::size_t i) { return struck.at(i) > drawn.at(i); });
+}
+
+void Report::hit(const Faults& faults, const Faults& whileBusy) {
+    for (const Fault fault : faults) {
+        ++struck.at(static_cast<std::size_t>(fault));
+    }
+    for (const Fault fault : whileBusy) {
+        ++inCall.at(static_cast<std::size_t>(fault));
+    }
 }
 
 std::string Report::summary() const {
@@ -63,10 +81,12 @@ std::string Report::summary() const {
         << "\nmissing after a crash, told by the log " << missingAndLogged
         << "\nfound missing at the next sign-in and recorded " << recordedLater
         << "\nrecords compared with the ledger after the last sign-in " << recordsCompared
-        << "\ncomplaints " << complained << "\n";
+        << "\nended in mid-call, then tried again " << endedInCallTriedAgain
+        << "\nended in mid-call, then only started again " << endedInCallLeft << "\ncomplaints "
+        << complained << "\n";
     for (std::size_t i = 0; i < kFaultKinds; ++i) {
         out << "fault " << nameOf(static_cast<Fault>(i)) << ": " << drawn[i] << " drawn, "
-            << struck[i] << " met\n";
+            << struck[i] << " met, " << inCall[i] << " in mid-call\n";
     }
     return out.str();
 }

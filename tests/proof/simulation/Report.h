@@ -38,16 +38,24 @@ struct Report {
     int recordsCompared = 0;  ///< with the ledger, after the last sign-in
     std::array<int, kFaultKinds> drawn{};
     std::array<int, kFaultKinds> struck{};
+    std::array<int, kFaultKinds> inCall{}; ///< struck while the processor worked
+    int endedInCallTriedAgain = 0; ///< the program ended in mid-call, and the entry came again
+    int endedInCallLeft = 0;       ///< the same, and the next start was all that followed
     int complained = 0;
     std::vector<std::string> complaints; ///< the first of them
     Trace trace;
 
     void drew(Fault fault) { ++drawn.at(static_cast<std::size_t>(fault)); }
-    void hit(Fault fault) { ++struck.at(static_cast<std::size_t>(fault)); }
+    /// What came up around one transaction, and what of it while the processor worked.
+    void hit(const Faults& faults, const Faults& whileBusy);
     void complain(const std::string& what);
     /// Names of the kinds that never came up.
     std::string neverDrawn() const;
     std::string neverStruck() const;
+    /// Of these kinds those that never struck while the processor worked.
+    std::string neverInCall(const Faults& kinds) const;
+    /// Names of the kinds that struck more often than they were drawn.
+    std::string oftenerThanDrawn() const;
     /// The figures, a line each.
     std::string summary() const;
 };

@@ -4,7 +4,9 @@
 
 #include "gateway/TransactionType.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 
 namespace tollvane::simulation {
 
@@ -28,6 +30,10 @@ Money cents(int count) {
 Shop::Shop(Dice& dice, Report& report) : dice_(dice), report_(report) {
     ground_.settings.settings.testMode = dice_.percent(6);
     ground_.disk.onPowerCut = [this] { ground_.dark = true; };
+    ground_.line.endProgram = [this] {
+        ground_.dark = true;
+        ground_.disk.setDark(true);
+    };
     start();
 }
 
@@ -42,6 +48,10 @@ void Shop::start() {
         report_.complain("the start is not clean");
     }
     signIn();
+    watchBoxes();
+}
+
+void Shop::watchBoxes() {
     counter_->boxes.whileOpen = [this](const Message& box) {
         judge_.look(box, entry(), counter_->charge.raised);
     };
@@ -90,14 +100,16 @@ void Shop::stop() {
     counter_.reset();
 }
 
-void Shop::restartIfEnded() {
+bool Shop::restartIfEnded() {
     if (!ground_.dark && counter_->isOpen()) {
-        return;
+        return false;
     }
+    const bool inCall = counter_->charge.endedInCall;
     report_.trace.line("  starts again");
     ++report_.restarts;
     stop();
     start();
+    return inCall;
 }
 
 Entry Shop::nextEntry() {
@@ -142,6 +154,8 @@ void Shop::refer(Entry& entry) {
 
 void Shop::serve(const Faults& faults) {
     entries_.push_back(nextEntry());
+    struck_.clear();
+    struckInCall_.clear();
     ++report_.transactions;
     std::string named =
         entry().invoice + " type " + std::to_string(entry().type) + " " + entry().amountText();
@@ -163,7 +177,8 @@ void Shop::serve(const Faults& faults) {
     secondTry(faults);
     printReceipt(faults);
     disarm(faults);
-    restartIfEnded();
+    report_.endedInCallLeft += restartIfEnded() ? 1 : 0;
+    report_.hit(struck_, struckInCall_);
     report_.trace.line(
         "  books of " +
         std::to_string(ground_.disk.contents(judge_.ledgerPath().plainText()).size()) +
@@ -247,11 +262,11 @@ void Shop::secondTry(const Faults& faults) {
     if (again || dice_.percent(50)) {
         disarm(faults);
     }
-    restartIfEnded();
+    report_.endedInCallTriedAgain += restartIfEnded() ? 1 : 0;
     if (again) {
         counter_->fill(entry());
     }
-    report_.hit(Fault::hastySecondTry);
+    noteMet(Fault::hastySecondTry);
     if (faults.count(Fault::clockBack) != 0) {
         putClockBack(dice_.below(kDuplicateWindow));
     }
@@ -268,23 +283,20 @@ void Shop::printReceipt(const Faults& faults) {
     }
     // A box takes the keys; only those that were on their way to the form in a submission are
     // tried.
-    counter_->boxes.whileOpen = [this](const Message& box) {
-        judge_.look(box, entry(), counter_->charge.raised);
-    };
+    watchBoxes();
     test::FakePrinters& printers = counter_->desktop.printers;
     const Error trouble(482, "printer", "Printer error");
-    if (met(faults, Fault::printerMissing)) {
-        printers.missing = Error(484, "printer", "No default printer");
-    }
-    if (met(faults, Fault::printerRefuses)) {
-        printers.refusal = trouble;
-    }
-    if (met(faults, Fault::printerFailsAtEnd)) {
-        printers.refusalAtEnd = trouble;
-    }
+    const Error missing(484, "printer", "No default printer");
+    const auto planned = [&](Fault fault, const Error& error) {
+        return faults.count(fault) != 0 ? std::optional<Error>(error) : std::nullopt;
+    };
+    printers.missing = planned(Fault::printerMissing, missing);
+    printers.refusal = planned(Fault::printerRefuses, trouble);
+    printers.refusalAtEnd = planned(Fault::printerFailsAtEnd, trouble);
     if (faults.empty() ? dice_.percent(10)
                        : printers.missing || printers.refusal || printers.refusalAtEnd) {
         counter_->desktop.robot->chooseMenu(counter_->form(), "mnu_PrintReceipt");
+        noteHowItPrinted();
     }
     printers.missing.reset();
     printers.refusal.reset();
@@ -296,6 +308,23 @@ void Shop::printReceipt(const Faults& faults) {
     counter_->boxes.seen.clear();
     if (counter_->isOpen() && !counter_->program().TransactionApproved()) {
         report_.complain("printing took the approval away");
+    }
+}
+
+void Shop::noteHowItPrinted() {
+    const test::FakePrinters& printers = counter_->desktop.printers;
+    if (printers.missing && std::ranges::any_of(counter_->boxes.seen, [&](const Message& box) {
+            return box.text.find(printers.missing->description()) != std::string::npos;
+        })) {
+        noteMet(Fault::printerMissing);
+    }
+    for (const auto& document : printers.documents) {
+        if (printers.refusal && !document->opened) {
+            noteMet(Fault::printerRefuses);
+        }
+        if (printers.refusalAtEnd && document->opened && !document->ended) {
+            noteMet(Fault::printerFailsAtEnd);
+        }
     }
 }
 

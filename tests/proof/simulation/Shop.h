@@ -31,6 +31,7 @@ private:
     void pressInAHurry(const Faults& faults);
     void secondTry(const Faults& faults);
     void printReceipt(const Faults& faults);
+    void noteHowItPrinted();
     void readScreen(const std::string& statusBefore);
 
     // What befalls the shop.
@@ -46,14 +47,19 @@ private:
     void moveClock(const Faults& faults);
     void putClockBack(int seconds);
     void chargeAtOtherTill();
+    void startSecondInstance();
+    void pressKeys(const Faults& faults);
 
     void start();
     void signIn();
     void setServerClock();
+    void watchBoxes();
     void stop();
-    void restartIfEnded();
+    /// Answers whether it had ended in the middle of a call.
+    bool restartIfEnded();
     Entry& entry() { return entries_.back(); }
     bool met(const Faults& faults, Fault fault);
+    void noteMet(Fault fault);
 
     Dice& dice_;
     Report& report_;
@@ -65,7 +71,10 @@ private:
     std::vector<Entry> entries_;
     std::set<std::string> told_;
     bool armed_ = false; ///< the entry's faults, and not counted yet
-    bool meddling_ = false;
+    Faults struck_;      ///< around this transaction
+    Faults struckInCall_;
+    bool busy_ = false; ///< the processor works
+    bool meddled_ = false;
     bool meddlingOverBox_ = false;
 };
 

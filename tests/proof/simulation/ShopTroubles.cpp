@@ -31,13 +31,14 @@ constexpr std::array<Row<Trouble>, 9> kDisk{{{Fault::diskFull, Trouble::full},
                                              {Fault::powerCutAfterWrite, Trouble::cutAfter}}};
 constexpr int kDiskCalls = 7; // about as many as an operation makes of a kind
 
-constexpr std::array<Row<LineTrouble>, 6> kLine{
+constexpr std::array<Row<LineTrouble>, 7> kLine{
     {{Fault::requestLost, LineTrouble::requestLost},
      {Fault::replyLost, LineTrouble::replyLost},
      {Fault::replyLostAndLineDead, LineTrouble::replyLostAndLineDead},
      {Fault::lateApproval, LineTrouble::lateApproval},
      {Fault::processorDown, LineTrouble::processorDown},
-     {Fault::requestSentTwice, LineTrouble::requestSentTwice}}};
+     {Fault::requestSentTwice, LineTrouble::requestSentTwice},
+     {Fault::programKilledWhileBusy, LineTrouble::programEnds}}};
 
 constexpr std::array<Row<HostTrouble>, 5> kHost{
     {{Fault::hostDataGone, HostTrouble::gone},
@@ -68,9 +69,16 @@ Error componentDied() {
 bool Shop::met(const Faults& faults, Fault fault) {
     const bool found = faults.count(fault) != 0;
     if (found) {
-        report_.hit(fault);
+        noteMet(fault);
     }
     return found;
+}
+
+void Shop::noteMet(Fault fault) {
+    struck_.insert(fault);
+    if (busy_) {
+        struckInCall_.insert(fault);
+    }
 }
 
 void Shop::arm(const Faults& faults) {
@@ -79,8 +87,12 @@ void Shop::arm(const Faults& faults) {
     armLine(faults);
     armComponents(faults);
     armMachine(faults);
-    meddling_ = false;
-    ground_.line.whileBusy = [this, faults] { meddle(faults); };
+    meddled_ = false;
+    ground_.line.whileBusy = [this, faults] {
+        busy_ = true;
+        meddle(faults);
+        busy_ = false;
+    };
     counter_->boxes.whileOpen = [this, faults](const Message& box) { meddleOverBox(faults, box); };
 }
 
@@ -96,14 +108,13 @@ void Shop::armDisk(const Faults& faults) {
 void Shop::armLine(const Faults& faults) {
     for (const auto& [fault, trouble] : kLine) {
         if (faults.count(fault) != 0) {
-            ground_.line.trouble = trouble;
+            ground_.line.troubles.push_back(trouble);
         }
     }
     for (const auto& [fault, trouble] : kHost) {
         if (faults.count(fault) != 0) {
-            host_.trouble = trouble;
+            host_.troubles.insert(trouble);
             host_.refusedCall = dice_.below(kRecordCalls);
-            host_.struck = false;
         }
     }
 }
@@ -112,13 +123,13 @@ void Shop::armComponents(const Faults& faults) {
     SimulatedCharge& charge = counter_->charge;
     const std::string operation = operationOf(entry());
     if (faults.count(Fault::wrongTypedResult) != 0) {
-        charge.spoil(operation, Variant(std::string("perhaps")));
+        charge.spoil(Fault::wrongTypedResult, operation, Variant(std::string("perhaps")));
     }
     if (faults.count(Fault::componentDiedAfterAnswer) != 0) {
-        charge.spoil(operation, componentDied());
+        charge.spoil(Fault::componentDiedAfterAnswer, operation, componentDied());
     }
     if (faults.count(Fault::errorBeforeOperation) != 0) {
-        charge.spoil(dice_.pick(kUsedBefore), componentDied());
+        charge.spoil(Fault::errorBeforeOperation, dice_.pick(kUsedBefore), componentDied());
     }
     const bool wrongType = faults.count(Fault::wrongTypedField) != 0;
     const bool error = faults.count(Fault::errorAfterApproval) != 0;
@@ -126,13 +137,13 @@ void Shop::armComponents(const Faults& faults) {
     const std::string member = dice_.pick(kReadAfterwards);
     charge.onAnswer = [this, faults, wrongType, error, killed, member] {
         if (wrongType) {
-            counter_->charge.spoil(member, Variant(ObjectRef()));
+            counter_->charge.spoil(Fault::wrongTypedField, member, Variant(ObjectRef()));
         }
         if (error) {
-            counter_->charge.spoil(member, componentDied());
+            counter_->charge.spoil(Fault::errorAfterApproval, member, componentDied());
         }
         if (killed) {
-            report_.hit(Fault::programKilledAfterAnswer);
+            noteMet(Fault::programKilledAfterAnswer);
             ground_.dark = true;
         }
     };
@@ -145,33 +156,35 @@ void Shop::armMachine(const Faults& faults) {
     } else if (faults.count(Fault::localeFailure) != 0) {
         plan.failAt(test::Port::locale, dice_.between(1, 40), 5);
     }
-    counter_->boxes.refuseNext = met(faults, Fault::boxNotShown);
+    counter_->boxes.refuseNext = faults.count(Fault::boxNotShown) != 0;
 }
 
 /// Notes which of the armed faults came up.
 void Shop::noteWhatStruck(const Faults& faults) {
     const auto count = [&](Fault fault, bool struck) {
         if (struck && faults.count(fault) != 0) {
-            report_.hit(fault);
+            noteMet(fault);
         }
     };
     for (const auto& [fault, trouble] : kDisk) {
-        count(fault, ground_.disk.struck());
+        count(fault, ground_.disk.struck(trouble));
     }
     for (const auto& [fault, trouble] : kLine) {
-        count(fault, ground_.line.trouble == LineTrouble::none);
+        count(fault, ground_.line.struck.count(trouble) != 0);
     }
     for (const auto& [fault, trouble] : kHost) {
-        count(fault, host_.struck);
+        count(fault, host_.struck.count(trouble) != 0);
     }
     for (const Fault fault :
          {Fault::wrongTypedResult, Fault::wrongTypedField, Fault::errorAfterApproval,
           Fault::errorBeforeOperation, Fault::componentDiedAfterAnswer}) {
-        count(fault, counter_->charge.struck());
+        count(fault, counter_->charge.struck().count(fault) != 0);
     }
-    for (const Fault fault : {Fault::registryRefusal, Fault::localeFailure}) {
-        count(fault, counter_->desktop.faults.reached());
-    }
+    // One of the two at a time.
+    const bool reached = counter_->desktop.faults.reached();
+    const bool registry = faults.count(Fault::registryRefusal) != 0;
+    count(registry ? Fault::registryRefusal : Fault::localeFailure, reached);
+    count(Fault::boxNotShown, !counter_->boxes.refuseNext);
 }
 
 void Shop::disarm(const Faults& faults) {
@@ -184,56 +197,59 @@ void Shop::disarm(const Faults& faults) {
     counter_->boxes.refuseNext = false;
     counter_->desktop.record.forget();
     counter_->desktop.registry.forgetCalls();
-    host_.trouble = HostTrouble::none;
+    host_.troubles.clear();
+    host_.struck.clear();
     ground_.disk.heal();
     const bool dark = ground_.dark;
     ground_.disk.setDark(false);
     ground_.line.deliver(ground_.disk, ground_.settings.settings.dataFolder);
     ground_.disk.setDark(dark);
-    ground_.line.trouble = LineTrouble::none;
+    ground_.line.troubles.clear();
+    ground_.line.struck.clear();
     ground_.line.dead = false;
 }
 
 void Shop::meddle(const Faults& faults) {
-    if (meddling_ || ground_.dark || !counter_->isOpen()) {
+    if (meddled_ || ground_.dark || !counter_->isOpen()) {
         return;
     }
-    meddling_ = true;
-    Counter& counter = *counter_;
-    test::Robot& hands = *counter.desktop.robot;
-    if (faults.count(Fault::doubleClick) != 0) {
-        counter.press("cmdSubmit");
-        counter.press("cmdSubmit");
-    }
-    if (faults.count(Fault::accessKeyRepeated) != 0) {
-        hands.accessKey('S');
-        hands.accessKey('S');
-    }
-    if (faults.count(Fault::heldKeys) != 0) {
-        hands.key(test::keycode::enter);
-        hands.key(test::keycode::space);
-    }
+    meddled_ = true;
+    test::Robot& hands = *counter_->desktop.robot;
+    pressKeys(faults);
     if (met(faults, Fault::swipeWhileBusy)) {
         hands.typeText("%B5555555555554444^OTHER/CARD^3012101000000000?\r");
         hands.letTimePass(2500);
     }
     if (met(faults, Fault::cancelWhileBusy)) {
-        counter.press("cmdCancel");
+        counter_->press("cmdCancel");
     }
     if (met(faults, Fault::otherTypeWhileBusy)) {
-        counter.choose((entry().type + 1) % transtype::count);
+        counter_->choose((entry().type + 1) % transtype::count);
     }
     if (met(faults, Fault::closeBoxWhileBusy)) {
-        hands.closeBox(counter.form());
+        hands.closeBox(counter_->form());
     }
     if (met(faults, Fault::secondInstance)) {
-        const std::string wrong = counter.startSecondInstance();
-        if (!wrong.empty()) {
-            report_.complain(wrong);
-        }
+        startSecondInstance();
     }
     if (met(faults, Fault::otherTillWhileBusy)) {
         chargeAtOtherTill();
+    }
+}
+
+void Shop::pressKeys(const Faults& faults) {
+    test::Robot& hands = *counter_->desktop.robot;
+    if (met(faults, Fault::doubleClick)) {
+        counter_->press("cmdSubmit");
+        counter_->press("cmdSubmit");
+    }
+    if (met(faults, Fault::accessKeyRepeated)) {
+        hands.accessKey('S');
+        hands.accessKey('S');
+    }
+    if (met(faults, Fault::heldKeys)) {
+        hands.key(test::keycode::enter);
+        hands.key(test::keycode::space);
     }
 }
 
@@ -252,6 +268,24 @@ void Shop::meddleOverBox(const Faults& faults, const Message& box) {
         hands.letTimePass(2500);
     }
     meddlingOverBox_ = false;
+}
+
+/// The program is started once more at the same till; whoever gets a form submits the entry there.
+void Shop::startSecondInstance() {
+    Counter second(ground_, host_, counter_->desktop.clock.now());
+    second.charge.onAnswer = [] {};
+    second.start();
+    if (second.isOpen()) {
+        report_.complain("a second instance runs");
+        second.fill(entry());
+        second.press("cmdSubmit");
+    } else if (second.boxes.seen.size() != 1 ||
+               second.boxes.seen.front().title != "Application Is Running") {
+        report_.complain("a second instance does not say why it ends");
+    }
+    if (second.charge.loaded()) {
+        report_.complain("a second instance made a charge component");
+    }
 }
 
 void Shop::moveClock(const Faults& faults) {

@@ -92,7 +92,6 @@ SimulatedCharge::SimulatedCharge(ChargeGround& ground, test::FakeClock& clock,
                                  test::AutomationRecord& record)
     : ground_(ground), clock_(clock), record_(record), service_(makeService(ground, clock_)),
       object_(std::make_shared<test::FakeObject>("charge", record)) {
-    service_->settleOpenOperations();
     addTexts();
     addMoney();
     addFields();
@@ -101,30 +100,42 @@ SimulatedCharge::SimulatedCharge(ChargeGround& ground, test::FakeClock& clock,
     addHousekeeping();
 }
 
+ObjectRef SimulatedCharge::load() {
+    if (!std::exchange(loaded_, true)) {
+        service_->settleOpenOperations();
+    }
+    return object_;
+}
+
+void SimulatedCharge::forgive() {
+    spoilt_.clear();
+    struck_.clear();
+}
+
 Variant SimulatedCharge::answer(const std::string& member, const std::function<Variant()>& own) {
     if (ground_.dark) {
         throw gone();
     }
-    const auto found = spoilt_.find(member);
-    if (found == spoilt_.end()) {
+    std::deque<Spoilt>& waiting = spoilt_[member];
+    if (waiting.empty()) {
         try {
             return own();
         } catch (const com::ComponentError& error) {
             throw asError(error);
         }
     }
-    struck_ = true;
-    const Mischief mischief = found->second;
-    spoilt_.erase(found);
-    if (const auto* error = std::get_if<Error>(&mischief)) {
+    const Spoilt spoilt = waiting.front();
+    waiting.pop_front();
+    struck_.insert(spoilt.fault);
+    if (const auto* error = std::get_if<Error>(&spoilt.mischief)) {
         throw Error(*error);
     }
-    return std::get<Variant>(mischief);
+    return std::get<Variant>(spoilt.mischief);
 }
 
 void SimulatedCharge::take(const std::string& member, const std::function<void()>& own) {
-    const auto found = spoilt_.find(member);
-    if (found != spoilt_.end() && std::holds_alternative<Error>(found->second)) {
+    const std::deque<Spoilt>& waiting = spoilt_[member];
+    if (!waiting.empty() && std::holds_alternative<Error>(waiting.front().mischief)) {
         answer(member, {});
     }
     if (ground_.dark) {
@@ -214,7 +225,6 @@ void SimulatedCharge::addOperations() {
 
 void SimulatedCharge::addOperation(const std::string& name, Operation operation) {
     object_->method(name, [this, name, operation](std::vector<Argument>& arguments) -> Variant {
-        ++operations;
         raised = true;
         const Variant result =
             run(name, operation, arguments.empty() ? std::string() : asText(arguments[0].value));
@@ -235,11 +245,13 @@ Variant SimulatedCharge::run(const std::string& name, Operation operation,
     } catch (const com::ComponentError& error) {
         throw asError(error);
     } catch (const PowerCut&) {
+        endedInCall = true;
         throw gone();
     }
     if (!ground_.dark) {
         onAnswer();
     }
+    endedInCall = ground_.dark;
     return answer(name, [&] { return Variant(approved); });
 }
 

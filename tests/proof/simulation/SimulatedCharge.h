@@ -4,12 +4,15 @@
 #include "platform/Money.h"
 #include "tests/desktop/FakeAutomation.h"
 #include "tests/desktop/FakeClock.h"
+#include "tests/proof/simulation/Fault.h"
 #include "tests/proof/simulation/SimulatedDisk.h"
 #include "tests/proof/simulation/SimulatedLine.h"
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <variant>
@@ -39,8 +42,9 @@ struct ChargeGround {
     Line line;
     FixedSettings settings;
     int keys = 0;
-    std::string lastKey; ///< of the operation that was begun last
-    bool dark = false;   ///< the process that runs now has ended
+    std::string lastKey;          ///< of the operation that was begun last
+    bool dark = false;            ///< the process that runs now has ended
+    std::set<std::string> places; ///< names of the programs that run at the till
 
     std::string newKey();
 };
@@ -52,24 +56,33 @@ public:
     SimulatedCharge(const SimulatedCharge&) = delete;
     SimulatedCharge& operator=(const SimulatedCharge&) = delete;
 
-    ObjectRef object() const { return object_; }
+    /// The component, when the program asks for it: what an earlier process left open is settled.
+    ObjectRef load();
+    bool loaded() const { return loaded_; }
     charge::ChargeService& service() { return *service_; }
 
     /// What the next use of a member answers or raises instead of its own answer.
     using Mischief = std::variant<Variant, Error>;
-    void spoil(const std::string& member, Mischief mischief) {
-        spoilt_.insert_or_assign(member, std::move(mischief));
+    void spoil(Fault fault, const std::string& member, Mischief mischief) {
+        spoilt_[member].push_back({fault, std::move(mischief)});
     }
-    void forgive() { spoilt_.clear(); }
-    bool struck() const { return struck_; }
+    void forgive();
+    /// The faults that came up since the last pardon.
+    const Faults& struck() const { return struck_; }
 
     /// The operation has an answer that the program has not got yet.
     std::function<void()> onAnswer;
     /// The last operation ended with an error, so that its outcome is not known to the program.
     bool raised = false;
-    int operations = 0;
+    /// The process ended while an operation was under way.
+    bool endedInCall = false;
 
 private:
+    struct Spoilt {
+        Fault fault;
+        Mischief mischief;
+    };
+
     void addTexts();
     void addMoney();
     void addResponse();
@@ -87,8 +100,9 @@ private:
     test::AutomationRecord& record_;
     std::unique_ptr<charge::ChargeService> service_;
     std::shared_ptr<test::FakeObject> object_;
-    std::map<std::string, Mischief> spoilt_;
-    bool struck_ = false;
+    std::map<std::string, std::deque<Spoilt>> spoilt_;
+    Faults struck_;
+    bool loaded_ = false;
 };
 
 /// A service of its own on the same files, as another process has it.

@@ -17,15 +17,17 @@ private:
 
 } // namespace
 
-void SimulatedDisk::plan(Trouble trouble, int nth) {
-    trouble_ = trouble;
-    left_ = nth;
-    struck_ = false;
+bool SimulatedDisk::struck(Trouble trouble) const {
+    const auto found = plans_.find(trouble);
+    return found != plans_.end() && found->second.struck;
 }
 
-bool SimulatedDisk::strikes() {
-    const bool now = left_ > 0 && --left_ == 0;
-    struck_ = struck_ || now;
+bool SimulatedDisk::strikes(Trouble trouble) {
+    const auto found = plans_.find(trouble);
+    const bool now = found != plans_.end() && found->second.left > 0 && --found->second.left == 0;
+    if (now) {
+        found->second.struck = true;
+    }
     return now;
 }
 
@@ -43,7 +45,7 @@ void SimulatedDisk::cutPower() {
 
 std::string SimulatedDisk::read(const charge::FilePath& file, std::uint64_t from) {
     requirePower();
-    if (trouble_ == Trouble::unreadable && strikes()) {
+    if (strikes(Trouble::unreadable)) {
         throw charge::FileFailure("The disk cannot be read.");
     }
     const std::string& content = files_[file.plainText()];
@@ -58,59 +60,47 @@ std::uint64_t SimulatedDisk::size(const charge::FilePath& file) {
 void SimulatedDisk::append(const charge::FilePath& file, std::string_view bytes) {
     requirePower();
     std::string& content = files_[file.plainText()];
-    switch (trouble_) {
-    case Trouble::full:
-        if (struck_ || strikes()) {
-            throw charge::FileFailure("There is not enough space on the disk.");
-        }
-        break;
-    case Trouble::failedFlush:
-        if (strikes()) {
-            content += bytes;
-            throw charge::FileFailure("The data cannot be flushed.");
-        }
-        break;
-    case Trouble::shortWrite:
-        if (strikes()) {
-            content += bytes.substr(0, bytes.size() / 2);
-            throw charge::FileFailure("There is not enough space on the disk.");
-        }
-        break;
-    case Trouble::cutBefore:
-    case Trouble::cutMidway:
-    case Trouble::cutAfter:
-        if (strikes()) {
-            content += trouble_ == Trouble::cutBefore   ? std::string_view()
-                       : trouble_ == Trouble::cutMidway ? bytes.substr(0, bytes.size() / 2)
-                                                        : bytes;
-            cutPower();
-        }
-        break;
-    default: break;
+    if (struck(Trouble::full) || strikes(Trouble::full)) {
+        throw charge::FileFailure("There is not enough space on the disk.");
+    }
+    if (strikes(Trouble::failedFlush)) {
+        content += bytes;
+        throw charge::FileFailure("The data cannot be flushed.");
+    }
+    if (strikes(Trouble::shortWrite)) {
+        content += bytes.substr(0, bytes.size() / 2);
+        throw charge::FileFailure("There is not enough space on the disk.");
+    }
+    if (strikes(Trouble::cutBefore)) {
+        cutPower();
+    }
+    if (strikes(Trouble::cutMidway)) {
+        content += bytes.substr(0, bytes.size() / 2);
+        cutPower();
     }
     content += bytes;
+    if (strikes(Trouble::cutAfter)) {
+        cutPower();
+    }
 }
 
 void SimulatedDisk::truncate(const charge::FilePath& file, std::uint64_t size) {
     requirePower();
-    std::string& content = files_[file.plainText()];
-    if (trouble_ == Trouble::failedTruncate && strikes()) {
+    if (strikes(Trouble::failedTruncate)) {
         throw charge::FileFailure("The file cannot be shortened.");
     }
-    const bool cut = (trouble_ == Trouble::cutBefore || trouble_ == Trouble::cutMidway ||
-                      trouble_ == Trouble::cutAfter) &&
-                     strikes();
-    if (!cut || trouble_ == Trouble::cutAfter) {
-        content.resize(size);
+    if (strikes(Trouble::cutBefore) || strikes(Trouble::cutMidway)) {
+        cutPower();
     }
-    if (cut) {
+    files_[file.plainText()].resize(size);
+    if (strikes(Trouble::cutAfter)) {
         cutPower();
     }
 }
 
 std::unique_ptr<charge::FileStore::Lock> SimulatedDisk::lock(const charge::FilePath&) {
     requirePower();
-    if (locked_ || (trouble_ == Trouble::inUse && strikes())) {
+    if (locked_ || strikes(Trouble::inUse)) {
         throw charge::FileFailure("Another process uses the files.");
     }
     return std::make_unique<HeldLock>(locked_);

@@ -15,7 +15,6 @@ struct PowerCut {};
 class SimulatedDisk final : public charge::FileStore {
 public:
     enum class Trouble {
-        none,
         full,           ///< from the chosen change on, nothing can be written
         failedFlush,    ///< all bytes are there, the call raises
         shortWrite,     ///< half of the bytes are there, the call raises
@@ -34,11 +33,11 @@ public:
     void truncate(const charge::FilePath& file, std::uint64_t size) override;
     std::unique_ptr<Lock> lock(const charge::FilePath& folder) override;
 
-    /// The n-th change (or read) from now on meets the trouble.
-    void plan(Trouble trouble, int nth);
-    void heal() { plan(Trouble::none, 0); }
+    /// The n-th change (or read) from now on meets the trouble. There may be several.
+    void plan(Trouble trouble, int nth) { plans_[trouble] = {nth}; }
+    void heal() { plans_.clear(); }
     /// The trouble came up.
-    bool struck() const { return struck_; }
+    bool struck(Trouble trouble) const;
 
     /// Runs when the power goes off; from then on every call ends the process.
     std::function<void()> onPowerCut;
@@ -48,14 +47,17 @@ public:
     const std::string& contents(const std::string& file) { return files_[file]; }
 
 private:
-    bool strikes();
+    struct Plan {
+        int left = 0;
+        bool struck = false;
+    };
+
+    bool strikes(Trouble trouble);
     [[noreturn]] void cutPower();
     void requirePower() const;
 
     std::map<std::string, std::string> files_;
-    Trouble trouble_ = Trouble::none;
-    int left_ = 0;
-    bool struck_ = false;
+    std::map<Trouble, Plan> plans_;
     bool dark_ = false;
     bool locked_ = false;
 };

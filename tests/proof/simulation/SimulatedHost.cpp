@@ -58,20 +58,23 @@ std::string narrow(const std::wstring& text) {
 
 SimulatedHost::SimulatedHost(const bool& dark) : dark_(dark) {}
 
-void SimulatedHost::requireLife(HostTrouble deadly) {
-    if (dark_) {
-        throw serverGone();
+bool SimulatedHost::meets(HostTrouble trouble) {
+    if (troubles.count(trouble) == 0) {
+        return false;
     }
-    if (trouble == deadly) {
-        struck = true;
+    struck.insert(trouble);
+    return true;
+}
+
+void SimulatedHost::requireLife(HostTrouble deadly) {
+    if (dark_ || meets(deadly)) {
         throw serverGone();
     }
 }
 
 void SimulatedHost::countCall(int& calls) {
     requireLife(HostTrouble::gone);
-    if (trouble == HostTrouble::recordRefused && calls++ == refusedCall) {
-        struck = true;
+    if (calls++ == refusedCall && meets(HostTrouble::recordRefused)) {
         throw refused();
     }
 }
@@ -123,8 +126,7 @@ ObjectRef SimulatedHost::makeRecord(test::AutomationRecord& record) {
 
 void SimulatedHost::update(hostdata::PaymentRecord& payment) {
     requireLife(HostTrouble::updateNeverArrived);
-    if (trouble == HostTrouble::storeFull) {
-        struck = true;
+    if (meets(HostTrouble::storeFull)) {
         throw Error(errornumber::applicationBase + static_cast<long>(hostdata::Failure::storeFull),
                     "dcZenda32", "The disk is full.");
     }

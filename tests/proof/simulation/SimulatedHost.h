@@ -7,13 +7,13 @@
 #include "tests/desktop/FakeAutomation.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace tollvane::simulation {
 
 enum class HostTrouble {
-    none,
     gone,          ///< no record object can be made
     recordRefused, ///< one of the record's members raises
     storeFull,     ///< Update raises and stores nothing
@@ -48,10 +48,10 @@ public:
     /// The server's object for a program.
     ObjectRef object(test::AutomationRecord& record);
 
-    HostTrouble trouble = HostTrouble::none;
+    std::set<HostTrouble> troubles;
+    std::set<HostTrouble> struck; ///< of them
     /// Which member of a record raises when it is refused; 0 is GetrecbyIDNumber.
     int refusedCall = 0;
-    bool struck = false;
 
     std::vector<StoredPayment> payments();
     std::int64_t count();
@@ -66,6 +66,7 @@ private:
     ObjectRef makeRecord(test::AutomationRecord& record);
     void update(hostdata::PaymentRecord& payment);
     void requireLife(HostTrouble deadly);
+    bool meets(HostTrouble trouble);
     void countCall(int& calls);
 
     const bool& dark_;

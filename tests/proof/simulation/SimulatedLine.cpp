@@ -1,5 +1,7 @@
 #include "tests/proof/simulation/SimulatedLine.h"
 
+#include "tests/proof/simulation/SimulatedDisk.h"
+
 #include <utility>
 
 namespace tollvane::simulation {
@@ -21,9 +23,13 @@ charge::ProcessorAnswer ProcessorOnLine::submit(const charge::ProcessorRequest& 
     if (line_.dead) {
         throw charge::ProcessorUnreachable("The line to the processor is down.");
     }
-    const LineTrouble trouble = std::exchange(line_.trouble, LineTrouble::none);
+    if (line_.troubles.empty()) {
+        return inner_.submit(request);
+    }
+    const LineTrouble trouble = line_.troubles.front();
+    line_.troubles.pop_front();
+    line_.struck.insert(trouble);
     switch (trouble) {
-    case LineTrouble::none: return inner_.submit(request);
     case LineTrouble::requestSentTwice: inner_.submit(request); return inner_.submit(request);
     case LineTrouble::requestLost: break;
     case LineTrouble::replyLost: inner_.submit(request); break;
@@ -36,6 +42,10 @@ charge::ProcessorAnswer ProcessorOnLine::submit(const charge::ProcessorRequest& 
         line_.dead = true;
         break;
     case LineTrouble::processorDown: line_.dead = true; break;
+    case LineTrouble::programEnds:
+        inner_.submit(request);
+        line_.endProgram();
+        throw PowerCut();
     }
     throw charge::ProcessorUnreachable("The processor does not answer.");
 }

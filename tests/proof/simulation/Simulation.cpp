@@ -20,11 +20,23 @@ constexpr std::array kImpatience{
     Fault::closeBoxWhileBusy, Fault::secondInstance,    Fault::otherTillWhileBusy,
     Fault::hastySecondTry,    Fault::otherTypeWhileBusy};
 /// What makes the operator try again.
-constexpr std::array kCauses{
-    Fault::replyLost,           Fault::replyLostAndLineDead,     Fault::lateApproval,
-    Fault::processorDown,       Fault::componentDiedAfterAnswer, Fault::programKilledAfterAnswer,
-    Fault::powerCutBeforeWrite, Fault::powerCutMidWrite,         Fault::powerCutAfterWrite,
-    Fault::updateAnswerLost,    Fault::errorAfterApproval,       Fault::clockBack};
+constexpr std::array kCauses{Fault::replyLost,
+                             Fault::replyLostAndLineDead,
+                             Fault::lateApproval,
+                             Fault::processorDown,
+                             Fault::componentDiedAfterAnswer,
+                             Fault::programKilledAfterAnswer,
+                             Fault::powerCutBeforeWrite,
+                             Fault::powerCutMidWrite,
+                             Fault::powerCutAfterWrite,
+                             Fault::programKilledWhileBusy,
+                             Fault::updateAnswerLost,
+                             Fault::errorAfterApproval,
+                             Fault::clockBack};
+/// What ends the program, so that it has to be started again.
+constexpr std::array kEnds{Fault::programKilledWhileBusy, Fault::programKilledAfterAnswer,
+                           Fault::powerCutBeforeWrite, Fault::powerCutMidWrite,
+                           Fault::powerCutAfterWrite};
 
 Faults anyFaults(Dice& dice) {
     Faults faults;
@@ -40,6 +52,8 @@ Faults impatience(Dice& dice) {
     if (dice.percent(60)) {
         faults.insert(Fault::hastySecondTry);
         faults.insert(dice.pick(kCauses));
+    } else if (dice.percent(40)) {
+        faults.insert(dice.pick(kEnds));
     }
     return faults;
 }
