@@ -1,6 +1,6 @@
 """Many payments in one instance of the program: what it holds does not grow.
 
-TOLLVANE_TRANSACTIONS sets how many; TOLLVANE_PROOF names a folder for the list of what was held."""
+TOLLVANE_LONG_RUN sets how many; TOLLVANE_PROOF names a folder for the list of what was held."""
 
 import os
 import pathlib
@@ -9,7 +9,7 @@ from harness import cards, footprint, payments
 from harness.reader import Reader
 from harness.waiting import until
 
-TRANSACTIONS = int(os.environ.get("TOLLVANE_TRANSACTIONS", "30"))
+TRANSACTIONS = int(os.environ.get("TOLLVANE_LONG_RUN", "30"))
 # By then every box, menu and cache has been there once.
 WARM_UP = min(100, TRANSACTIONS // 3)
 SAMPLES = 40

@@ -222,6 +222,15 @@ void Judge::checkEntry(const Entry& entry) {
     }
 }
 
+void Judge::foldBooks(Trace& trace) const {
+    trace.fold(ground_.disk.contents(ledgerPath().plainText()));
+    trace.fold(ground_.disk.contents(kLog));
+    for (const StoredPayment& each : host_.payments()) {
+        trace.fold(each.transactionId + " " + std::to_string(each.amount.scaled()) + " " +
+                   each.approval + " " + each.account + " " + each.paidBy);
+    }
+}
+
 void Judge::closeBooks(const std::vector<Entry>& entries) {
     for (const charge::LedgerEntry& each : ledger()) {
         if (each.approved()) {

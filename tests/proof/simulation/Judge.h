@@ -38,6 +38,8 @@ public:
     /// After the last sign-in: every approved operation stands once in ledger, log and store, with
     /// the same amount and sign, and nothing else stands there.
     void closeBooks(const std::vector<Entry>& entries);
+    /// The three books, byte by byte.
+    void foldBooks(Trace& trace) const;
 
 private:
     void lookAtRefusal(const Message& box, const Entry& entry, bool outcomeUnknown);

@@ -22,10 +22,14 @@ std::string namesOf(const Is& is) {
 
 } // namespace
 
-void Trace::line(const std::string& text) {
+void Trace::fold(const std::string& text) {
     for (const char c : text + "\n") {
         digest_ = (digest_ ^ static_cast<unsigned char>(c)) * 1099511628211U;
     }
+}
+
+void Trace::line(const std::string& text) {
+    fold(text);
     latest_.push_back(text);
     if (latest_.size() > kLatest) {
         latest_.pop_front();
@@ -88,6 +92,7 @@ std::string Report::summary() const {
         out << "fault " << nameOf(static_cast<Fault>(i)) << ": " << drawn[i] << " drawn, "
             << struck[i] << " met, " << inCall[i] << " in mid-call\n";
     }
+    out << "trace " << std::hex << trace.digest() << "\n";
     return out.str();
 }
 

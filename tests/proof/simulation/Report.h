@@ -15,6 +15,8 @@ namespace tollvane::simulation {
 class Trace {
 public:
     void line(const std::string& text);
+    /// Of the digest only.
+    void fold(const std::string& text);
     std::uint64_t digest() const { return digest_; }
     std::string latest() const;
 

@@ -338,6 +338,7 @@ void Shop::close() {
     start(); // settles what is open
     stop();
     judge_.closeBooks(entries_);
+    judge_.foldBooks(report_.trace);
 }
 
 } // namespace tollvane::simulation
