@@ -294,10 +294,13 @@ void Shop::moveClock(const Faults& faults) {
     if (met(faults, Fault::clockForward)) {
         clock.advance(static_cast<std::uint64_t>(dice_.between(1, 40)) * kHour);
     }
-    if (met(faults, Fault::clockBack)) {
+    if (faults.count(Fault::clockBack) != 0) {
         DateTime back = clock.now();
         back.hour = dice_.below(back.hour + 1);
         back.minute = dice_.below(back.minute + 1);
+        if (back.hour != clock.now().hour || back.minute != clock.now().minute) {
+            noteMet(Fault::clockBack);
+        }
         clock.set(back);
     }
 }
