@@ -4,6 +4,9 @@ import dataclasses
 
 from .secrets import CardSearch
 
+# Of a card so many digits may be shown.
+MOST_SHOWN = 4
+
 # Digits that no clock and no counter brings: they tell the numbers from everything else.
 MARK = "73951864"
 ISSUER_DIGITS = "5926384715"
@@ -39,8 +42,13 @@ def with_check_digit(digits):
     return digits + str(-(doubled + sum(map(int, digits[-2::-2]))) % 10)
 
 
-# Two more, without eight digits in common with any other.
-OTHER_NUMBERS = (with_check_digit("401288135792468"), with_check_digit("401288864213597"))
+# The shortest and the longest that there are, without eight digits in common with any other.
+OTHER_NUMBERS = (with_check_digit("57813579246"), with_check_digit("401288864213597268"))
+# Those that the components are called with by clients without a window.
+CLIENTS_NUMBERS = ("5555555555554444",)
 
-# What must never be found on a machine.
-SEARCH = CardSearch((CARD.number, MARK, ISSUER_DIGITS, *OTHER_NUMBERS), (CARD.code,))
+# What must never be found on a machine, and what no window may show.
+SEARCH = CardSearch((CARD.number, MARK, ISSUER_DIGITS, *OTHER_NUMBERS, *CLIENTS_NUMBERS),
+                    (CARD.code,))
+SHOWN = CardSearch((CARD.number, MARK, ISSUER_DIGITS, *OTHER_NUMBERS), (CARD.code,),
+                   shortest=MOST_SHOWN + 1)

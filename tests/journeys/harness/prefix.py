@@ -1,10 +1,14 @@
 """A Wine prefix of the journey's own, with the shipped files installed as on a shop's machine."""
 
 import fcntl
+import json
 import os
 import pathlib
 import shutil
 import subprocess
+
+from . import cards
+from .secrets import left_behind
 
 TOP = pathlib.Path(__file__).resolve().parents[3]
 STAGE = TOP / "build" / "stage"
@@ -33,13 +37,15 @@ class Prefix:
         self.print_server = str(self.folder / "no-print-server")
         # What else stands in the environment of the programs that are started.
         self.extra = {}
+        # Other folders where what runs here leaves something.
+        self.outside = []
         self._started = []
 
     @classmethod
     def installed(cls, folder, display=None):
         """A fresh copy of a prefix in which the program was just installed."""
         prefix = cls(folder, display)
-        prefix.remove()
+        prefix.clear()
         with open(TOP / "build" / "prefix-installed.lock", "w", encoding="ascii") as lock:
             # Journeys may run side by side; the first one prepares what all of them copy.
             fcntl.flock(lock, fcntl.LOCK_EX)
@@ -102,10 +108,38 @@ class Prefix:
         self._started.clear()
 
     def remove(self):
-        """Stops the prefix and takes its folder away."""
+        """Stops the prefix and takes its folder away; fails when card data was left in it or in the
+        folders outside of it. Every prefix ends here."""
+        if not self.folder.exists():
+            return
+        self.stop()
+        left = [path for folder in self.outside for path in files_below(folder)]
+        left += left_behind(self.folder, TEMPLATE)
+        found = cards.SEARCH.finds_in(left)
+        note_search(self.folder, left, found)
+        self.clear()
+        assert not found, f"card data was left: {found}"
+
+    def clear(self):
+        """The same without a look at it, for what a run that was broken off has left."""
         if self.folder.exists():
             self.stop()
             shutil.rmtree(self.folder)
+
+
+def files_below(folder):
+    """The files in a folder that may not be there."""
+    return [path for path in pathlib.Path(folder).rglob("*")
+            if path.is_file() and not path.is_symlink()]
+
+
+def note_search(folder, files, found):
+    """Adds a line on a search to the list that ./prove counts, where it wants one."""
+    proof = os.environ.get("TOLLVANE_SEARCHED")
+    if proof:
+        with open(proof, "a", encoding="utf-8") as kept:
+            kept.write(json.dumps({"prefix": str(folder), "files": len(files),
+                                   "with_findings": len(found)}) + "\n")
 
 
 def copy_prefix(source, target):

@@ -29,10 +29,15 @@ def of_prefix(prefix):
 def process_of(prefix, program):
     """The process that runs a program of a prefix."""
     for number in of_prefix(prefix):
-        name = read(number, "cmdline").split(b"\0")[0].decode("utf-8", "replace")
-        if name.replace("\\", "/").rpartition("/")[2] == program:
+        if program_of(number) == program:
             return number
     raise RuntimeError(f"{program} does not run in {prefix.folder}")
+
+
+def program_of(number):
+    """The file name of the program that a process runs."""
+    name = read(number, "cmdline").split(b"\0")[0].decode("utf-8", "replace")
+    return name.replace("\\", "/").rpartition("/")[2]
 
 
 def command(number):

@@ -3,13 +3,11 @@
 import re
 import subprocess
 
-SHORTEST = 8        # digits in a row that are too many to be left
-SHORTEST_PACKED = 10  # of those that are packed two to a byte, where anything looks like digits
+SHORTEST = 8  # digits in a row that are too many to be left
 # What may stand between the digits: the zeros of wider characters, and what people group them by.
 BETWEEN = b"\0 \t\r\n\\-.,"
-DIGITS = re.compile(rb"[0-9]{%d,}" % SHORTEST)
-# The same as text of hexadecimal bytes, in which the registry's files show binary values.
-SPELLED = re.compile(rb"(?:3[0-9](?:00)*){%d,}" % SHORTEST)
+# Digits as text of hexadecimal bytes, in which the registry's files show binary values.
+SPELLED = rb"(?:3[0-9](?:00)*){%d,}"
 SPELLED_DIGIT = re.compile(rb"3([0-9])(?:00)*")
 
 
@@ -17,25 +15,31 @@ class CardSearch:
     """Knows some card numbers and the issuer's digits of tracks, and finds them and their parts;
     card codes it finds where they stand as a word, for any four digits may be part of a number."""
 
-    def __init__(self, numbers, codes=()):
-        self._rows = {window for number in numbers for row in (number, number[::-1])
-                      for window in windows(row, SHORTEST)}
-        self._packed = {bytes.fromhex(window) for number in numbers
-                        for window in windows(number, SHORTEST_PACKED)}
-        self._codes = [word(code) for code in codes]
+    def __init__(self, numbers, codes=(), shortest=SHORTEST, shortest_packed=SHORTEST):
+        """A part is found from `shortest` digits on, and from `shortest_packed` (an even number)
+        where two of them are packed into a byte."""
+        both_ways = [row for number in numbers for row in (number, number[::-1])]
+        self._shortest = shortest
+        self._rows = {window for row in both_ways for window in windows(row, shortest)}
+        self._digits = re.compile(rb"[0-9]{%d,}" % shortest)
+        self._spelled = re.compile(SPELLED % shortest)
+        self._packed = {bytes.fromhex(window) for row in both_ways
+                        for window in windows(row, shortest_packed, shortest_packed // 2)}
+        self._codes = [(forms(code), word(code)) for code in codes]
 
     def finds(self, content):
         """What there is of the cards in these bytes: a list of sorts of findings."""
         squeezed = content.translate(None, BETWEEN)
         found = []
-        if any(self._has_row(row) for row in DIGITS.findall(squeezed)):
+        if any(self._has_row(row) for row in self._digits.findall(squeezed)):
             found.append("digits")
         if any(self._has_row(b"".join(SPELLED_DIGIT.findall(row)))
-               for row in SPELLED.findall(squeezed)):
+               for row in self._spelled.findall(squeezed)):
             found.append("digits in hexadecimal")
-        if any(packed in content for packed in self._packed):
+        if any(part in view for view in packings(content) for part in self._packed):
             found.append("packed digits")
-        if any(code.search(content) for code in self._codes):
+        if any(code.search(content) for plain, code in self._codes
+               if any(form in content for form in plain)):
             found.append("card code")
         return found
 
@@ -45,20 +49,35 @@ class CardSearch:
         return {path: what for path, what in found.items() if what}
 
     def _has_row(self, row):
-        text = row.decode("ascii")
-        return any(text[at:at + SHORTEST] in self._rows for at in range(len(text) - SHORTEST + 1))
+        text, size = row.decode("ascii"), self._shortest
+        return any(text[at:at + size] in self._rows for at in range(len(text) - size + 1))
 
 
-def windows(digits, length):
-    """Every part of that length which is no mere repetition of one digit, as any file holds it."""
+def packings(content):
+    """Bytes as digits may be packed into them: two to a byte, from its first or its second half on,
+    the first byte first or the last."""
+    for view in (content, content[::-1]):
+        yield view
+        yield (int.from_bytes(view, "big") << 4).to_bytes(len(view) + 1, "big")
+
+
+def windows(digits, length, most_alike=None):
+    """Every part of that length which is no mere repetition of one digit, as any file holds it: at
+    most all but two, or that many, of its digits are the same. (Packed, half of them alike are found
+    in the pictures that programs bring.)"""
     parts = [digits[at:at + length] for at in range(len(digits) - length + 1)]
-    return [part for part in parts if max(map(part.count, part)) < length - 1]
+    return [part for part in parts if max(map(part.count, part)) <= (most_alike or length - 2)]
+
+
+def forms(code):
+    """The code in 8-bit and in 16-bit characters."""
+    return code.encode("ascii"), code.encode("utf-16-le")
 
 
 def word(code):
     """A pattern of the code with no letter or digit next to it, in 8-bit and 16-bit characters."""
-    wide = code.encode("utf-16-le")
-    return re.compile(rb"(?<![0-9A-Za-z])" + code.encode("ascii") + rb"(?![0-9A-Za-z])"
+    narrow, wide = forms(code)
+    return re.compile(rb"(?<![0-9A-Za-z])" + narrow + rb"(?![0-9A-Za-z])"
                       rb"|(?<![0-9A-Za-z]\0)" + wide + rb"(?![0-9A-Za-z]\0)")
 
 

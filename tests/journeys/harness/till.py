@@ -2,6 +2,7 @@
 
 import pathlib
 
+from . import cards
 from .probe import Probe
 from .waiting import until
 
@@ -18,6 +19,8 @@ class Till:
         self._pictures = pathlib.Path(pictures)
         self._count = 0
         self._probe = Probe(prefix)
+        # Every title and every message that stood on the display.
+        self._shown = set()
         # The first question also makes sure that the desktop stands before a program wants it.
         self._probe.windows()
 
@@ -26,9 +29,12 @@ class Till:
         return self.prefix.start("Tollvane.exe", *arguments)
 
     def close(self):
-        """Ends the probe and everything else in the prefix."""
+        """Ends the probe and everything else in the prefix; fails when a title or a message showed
+        more of a card than its last digits."""
         self._probe.close()
         self.prefix.stop()
+        told = [shown for shown in self._shown if cards.SHOWN.finds(shown.encode("utf-8"))]
+        assert not told, f"shown on the display: {told}"
 
     def look_away(self, *names):
         """From now on shows no more of the texts of these controls than how long they are; to
@@ -44,12 +50,17 @@ class Till:
 
     def windows(self):
         """The windows that show, topmost first."""
-        return [w for w in self._probe.windows() if w["class"] not in ("tooltips_class32",)]
+        return [w for w in self._all_windows() if w["class"] not in ("tooltips_class32",)]
 
     def tool_tip(self):
         """The tool tip that shows now; None when there is none."""
-        return next((w.text for w in self._probe.windows() if w["class"] == "tooltips_class32"),
+        return next((w.text for w in self._all_windows() if w["class"] == "tooltips_class32"),
                     None)
+
+    def _all_windows(self):
+        windows = self._probe.windows()
+        self._shown.update(w.text for w in windows)
+        return windows
 
     def titles(self):
         """Their titles."""
@@ -184,6 +195,7 @@ class Till:
         """Waits for a message box, answers it and returns its text."""
         box = self.window(title)
         text = box.message()
+        self._shown.add(text)
         if picture:
             self.picture(picture)
         self.push(button or box.buttons()[0], box)
