@@ -134,6 +134,10 @@ class Probe:
         """How many handles, GDI objects and windows a process of the desktop holds."""
         return self.ask(f"counts {process}")
 
+    def handles(self, program):
+        """How many kernel handles the first process of a program holds."""
+        return self.ask(f"handles {program}")
+
     def lock(self, key):
         """Takes everybody's right to write a key below HKEY_LOCAL_MACHINE and what is below it."""
         answer = self.ask(f"lock {key}")

@@ -128,6 +128,10 @@ class Till:
         """How many handles, GDI objects and windows the program holds."""
         return self._probe.counts(self.form()["pid"])
 
+    def handles(self, program):
+        """How many kernel handles the process of a program holds."""
+        return self._probe.handles(program)
+
     def crash(self):
         """Ends the program by an access violation."""
         self._probe.crash(self.form()["pid"])

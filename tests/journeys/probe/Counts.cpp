@@ -1,8 +1,10 @@
 #include "tests/journeys/probe/Counts.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
+#include <tlhelp32.h>
 #include <winternl.h>
 
 namespace tollvane::probe {
@@ -20,6 +22,24 @@ struct GdiEntry {
     std::uint8_t type;
     std::uint8_t flags;
     std::uint64_t userPointer;
+};
+
+/// The processes of the desktop as they are now.
+class Snapshot {
+public:
+    Snapshot() : handle_(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0)) {}
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+    ~Snapshot() {
+        if (handle_ != INVALID_HANDLE_VALUE) {
+            CloseHandle(handle_);
+        }
+    }
+
+    HANDLE get() const { return handle_; }
+
+private:
+    HANDLE handle_;
 };
 
 /// The process while it is looked at.
@@ -63,23 +83,50 @@ private:
     HANDLE handle_;
 };
 
-// GetProcessHandleCount does not tell it everywhere; the list of all processes does.
+// The system's list of the open handles of all processes, as a 64-bit system lays it out.
+constexpr auto allHandles = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+
+struct HandleEntry {
+    std::uint32_t process;
+    std::uint8_t type;
+    std::uint8_t flags;
+    std::uint16_t handle;
+    const void* object;
+    std::uint32_t access;
+};
+
+struct HandleList {
+    std::uint32_t count;
+    HandleEntry entries[1];
+};
+
+// What GetProcessHandleCount and the list of processes tell is the size of the table under Wine;
+// the handles that are open are counted one by one.
 long long handlesOf(DWORD processId) {
-    std::vector<char> list(1u << 20);
-    if (NtQuerySystemInformation(SystemProcessInformation, list.data(),
-                                 static_cast<ULONG>(list.size()), nullptr) != 0) {
+    std::vector<std::uint64_t> list(1u << 18);
+    if (NtQuerySystemInformation(allHandles, list.data(),
+                                 static_cast<ULONG>(list.size() * sizeof(std::uint64_t)),
+                                 nullptr) != 0) {
         return -1;
     }
-    for (std::size_t place = 0;;) {
-        const auto& one = *reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(&list[place]);
-        if (reinterpret_cast<ULONG_PTR>(one.UniqueProcessId) == processId) {
-            return one.HandleCount;
+    const auto& all = *reinterpret_cast<const HandleList*>(list.data());
+    const HandleEntry* const first = all.entries;
+    return std::count_if(first, first + all.count,
+                         [processId](const HandleEntry& one) { return one.process == processId; });
+}
+
+// The first process of that program; 0 when there is none.
+DWORD processOf(std::wstring_view program) {
+    const Snapshot all;
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(all.get(), &entry); more != FALSE;
+         more = Process32NextW(all.get(), &entry)) {
+        if (program == entry.szExeFile) {
+            return entry.th32ProcessID;
         }
-        if (one.NextEntryOffset == 0) {
-            return -1;
-        }
-        place += one.NextEntryOffset;
     }
+    return 0;
 }
 
 struct WindowCount {
@@ -111,6 +158,11 @@ void writeCounts(JsonWriter& json, DWORD processId) {
     json.member("gdi", process.gdiObjects());
     json.member("windows", windows.count);
     json.endObject();
+}
+
+void writeHandles(JsonWriter& json, std::wstring_view program) {
+    const DWORD process = processOf(program);
+    json.value(process != 0 ? handlesOf(process) : -1);
 }
 
 } // namespace tollvane::probe

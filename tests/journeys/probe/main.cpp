@@ -79,6 +79,8 @@ public:
             DWORD process = 0;
             words >> process;
             writeCounts(json, process);
+        } else if (verb == "handles") {
+            writeHandles(json, widened(restOf(words)));
         } else if (verb == "type") {
             std::wstring text;
             for (unsigned unit = 0; words >> unit;) {
