@@ -15,8 +15,9 @@ WINDOWS_ROOMS = ("platform/win32/", "components/", "tests/win32/", "tests/journe
 # The executable's entry point hangs the program on the real desktop: it stands above all rooms.
 ENTRY_POINT = "platform/win32/WinMain.cpp"
 LONGEST_FILE = 450
-# Ask for a state again and again.
-POLLING = ("tests/journeys/harness/waiting.py", "tests/win32/Until.h")
+# Ask for a state again and again; and what makes a program's disk slow.
+MAY_PAUSE = ("tests/journeys/harness/waiting.py", "tests/win32/Until.h",
+             "tests/journeys/harness/slow_reads.c")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
 
 
@@ -117,11 +118,26 @@ def test_only_branches():
 
 
 def sleeping_tests():
-    """A test waits for a state; only what asks for one again and again may pause in between."""
-    pause = re.compile(r"\b(?:u?sleep|Sleep(?:Ex)?|nanosleep|sleep_for|sleep_until)\s*\(")
-    return [f"{name}: {found.group()}" for name in tracked("*.cpp", "*.h", "*.py", "*.vbs")
-            if re.search(r"(^|/)tests/", name) and name not in POLLING
-            and (found := pause.search(text(name)))]
+    """A test waits for a state; only what asks for one again and again may pause in between. The
+    same holds for a ring and what plays it."""
+    pause = re.compile(
+        # Calls of this and that language,
+        r"\b(?:u?sleep|Sleep(?:Ex)?|nanosleep|sleep_for|sleep_until)\s*\("
+        r"|\bWScript\.Sleep\b|\bStart-Sleep\b|\btime\.sleep\b|from time import .*\bsleep\b"
+        # a program as a word of its own in a list of arguments,
+        r"|[\"']u?sleep[\"']"
+        # and one in a line of a shell, with how long.
+        r"|\bu?sleep +[\"']?[$\d.]", re.IGNORECASE)
+    return [f"{name}: {found.group()}" for name in tracked() if tests_or_plays_them(name)
+            and name not in MAY_PAUSE and (found := pause.search(text(name)))]
+
+
+def tests_or_plays_them(name):
+    """A source of a test or of a ring; the kept inputs of the fuzz targets are neither."""
+    return bool(re.search(r"(^|/)tests/|^tools/rings/|^tools/(gtest|journeylib|proven|ringlib)\.py$",
+                          name)
+                and re.search(r"\.(c|cpp|h|py|vbs|js|ps1|sh|bat|cmd|txt|cmake)$|^tools/rings/", name)
+                and "/corpus/" not in name)
 
 
 def machine_paths():

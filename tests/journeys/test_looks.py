@@ -11,6 +11,8 @@ from harness.prefix import Prefix
 from harness.till import Till
 from harness.waiting import until
 
+# Seconds; the system shows a tip when the mouse has rested for half a second.
+LONGER_THAN_A_TIP_TAKES = 0.7
 TEXT_KINDS = ("Static", "Button")
 
 
@@ -89,11 +91,23 @@ def test_a_control_explains_itself_under_the_mouse(till, counter):
                       ("cboBillToState", "State of the billing address"),
                       ("txtAuthNum", "The 6 characters of a telephone authorization; "
                                      "an approval is shown here")):
-        left, top = form.control(name).centre
-        till.display.run("xdotool", "mousemove", str(left), str(top), "sleep", "0.1",
-                         "mousemove", str(left + 2), str(top))
-        until(f"the tip of {name}", lambda text=tip: till.tool_tip() == text,
-              otherwise=till.tool_tip)
+        until(f"the tip of {name}", Hover(till, form.control(name).centre, tip),
+              interval=LONGER_THAN_A_TIP_TAKES, otherwise=till.tool_tip)
+
+
+class Hover:
+    """A hand that moves the mouse a little over a place, rests, and looks whether its tip shows."""
+
+    def __init__(self, till, place, tip):
+        self._till, (self._left, self._top), self._tip = till, place, tip
+        self._moves = itertools.cycle((0, 2))
+
+    def __call__(self):
+        if self._till.tool_tip() == self._tip:
+            return True
+        self._till.display.run("xdotool", "mousemove", str(self._left + next(self._moves)),
+                               str(self._top))
+        return False
 
 
 def resize(till, dialog, factor):
