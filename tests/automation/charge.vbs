@@ -30,7 +30,7 @@ Dim charge: Set charge = CreateObject("ZendaSwiftill.Tollvane")
 Dim fileSystem: Set fileSystem = CreateObject("Scripting.FileSystemObject")
 Dim logFile: logFile = charge.LogFilePath & "\" & charge.LogFileName
 
-Const goodCard = "4111111111111111"
+Const goodCard = "4012888888881881"
 Const track = "%B5555555555554444^SMITH/JOHN^3012101000000?"
 
 Function LogText()
@@ -173,7 +173,7 @@ CheckEqual "the name can be read back", "Mary Ann Smith", charge.FirstName & " "
 CheckEqual "the card code is gone", "", _
     charge.TransactionField("x_card_code").cTransactionFields_Value
 Check "the log has its line", InStr(LastLogLine(), firstId) > 0 And _
-    InStr(LastLogLine(), "APPROVED") > 0 And InStr(LastLogLine(), "****1111") > 0 And _
+    InStr(LastLogLine(), "APPROVED") > 0 And InStr(LastLogLine(), "****1881") > 0 And _
     InStr(LastLogLine(), "Sam Operator") > 0
 
 Fill "30.00"
@@ -184,11 +184,11 @@ Check "duplicate: the first id is told", InStr(charge.ResponseReasonText, firstI
 
 charge.ClearFields
 CheckEqual "ClearFields empties the answer", 0, charge.ResponseCode
-charge.CardNumber = "1111"
+charge.CardNumber = "1881"
 charge.Amount = CCur(10)
 CheckEqual "a part is refunded", True, charge.Credit(firstId)
 charge.ClearFields
-charge.CardNumber = "1111"
+charge.CardNumber = "1881"
 charge.Amount = CCur("20.01")
 CheckEqual "more than is left is not refunded", False, charge.Credit(firstId)
 CheckEqual "refund too large: reason", 52, charge.ResponseReasonCode
@@ -255,7 +255,7 @@ CheckAnswer "7005.02", 3, 39
 CheckAnswer "0.00", 3, 30
 
 Fill "35.00"
-charge.CardNumber = "4111111111111112"
+charge.CardNumber = "4012888888881882"
 CheckEqual "a wrong card number is not approved", False, charge.AuthorizeAndCapture
 CheckEqual "wrong card number: reason", 31, charge.ResponseReasonCode
 Fill "35.00"

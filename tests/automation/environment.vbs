@@ -293,7 +293,7 @@ End Sub
 Sub TestRefusedDrafts()
     Dim env, draft
     RefusedDraft "CardCode", "123", "An unknown field"
-    RefusedDraft "Account", "4111111111111111", "A full card number"
+    RefusedDraft "Account", "4012888888881881", "A full card number"
     RefusedDraft "Id", 5, "A field of the store's own"
     RefusedDraft "Amount", "twelve", "An amount that is no number"
     RefusedDraft "Amount", CDbl("1E300"), "An amount that is too large"

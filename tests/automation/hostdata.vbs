@@ -171,7 +171,7 @@ Sub TestPayments()
     On Error Resume Next
     record.Item("CardCode") = "123"
     Refused 3011, "An unknown field"
-    record.Item("Account") = "4111111111111111"
+    record.Item("Account") = "4012888888881881"
     Refused 3014, "A full card number"
     record.Item("Id") = 5
     Refused 3015, "A field of the store's own"
@@ -284,7 +284,7 @@ Sub TestPaymentInOneCall()
     Equal Len(reader.Item("Created").Value), 20, "A payment in one call has its time"
 
     RefusedInOneCall "CardCode", "123", "An unknown field in one call"
-    RefusedInOneCall "Account", "4111111111111111", "A full card number in one call"
+    RefusedInOneCall "Account", "4012888888881881", "A full card number in one call"
     RefusedInOneCall "Id", 5, "A field of the store's own in one call"
     RefusedInOneCall "Amount", "twelve", "An amount that is no number in one call"
     RefusedInOneCall "Zip", String(51, "9"), "A text that is too long in one call"

@@ -63,8 +63,8 @@ def copies(process, numbers, codes=()):
 
 
 def tail_of(code):
-    """The pattern of a code whose first character was overwritten, which is all that emptying a text
-    does to it."""
+    """The pattern of a code whose first character was overwritten, which is all that emptying a
+    text does to it."""
     return b"|".join(bytes(width) + code[1:].encode(encoding) + bytes(width)
                      for width, encoding in ((1, "ascii"), (2, "utf-16-le")))
 
@@ -115,8 +115,8 @@ def whole(memory, process, start, end):
         if not part:
             if not any(first <= start and end <= last for first, last, _ in writable(process)):
                 raise Moved
-            raise AssertionError(f"process {process}: {start + len(content):#x} of the mapping from "
-                                 f"{start:#x} to {end:#x} cannot be read: {why}")
+            raise AssertionError(f"process {process}: {start + len(content):#x} of the mapping "
+                                 f"from {start:#x} to {end:#x} cannot be read: {why}")
         content += part
     return bytes(content)
 

@@ -8,12 +8,14 @@ import shutil
 import subprocess
 
 from . import cards
-from .secrets import left_behind
+from .secrets import is_same, left_behind
 
 TOP = pathlib.Path(__file__).resolve().parents[3]
 STAGE = TOP / "build" / "stage"
 TEMPLATE = TOP / "build" / "prefix-installed"
 INSTALLED = pathlib.Path("drive_c/Program Files/Norrow Programs/Tollvane")
+# A program of the journeys' own, which has its card built in.
+BROUGHT = TOP / "build" / "x64" / "tests" / "journeys" / "driver" / "till_driver.exe"
 # Seconds that a console program may take, also on a machine with much else to do.
 PATIENCE = 400
 SETTINGS_KEY = r"HKLM\Software\Norrow Programs\Tollvane"
@@ -108,17 +110,23 @@ class Prefix:
         self._started.clear()
 
     def remove(self):
-        """Stops the prefix and takes its folder away; fails when card data was left in it or in the
-        folders outside of it. Every prefix ends here."""
+        """Takes the prefix away; fails when card data was left in it."""
+        found = self.end()
+        assert not found, f"card data was left: {found}"
+
+    def end(self):
+        """Stops the prefix and takes its folder away. Answers what there was of cards in it and in
+        the folders outside of it: {path: findings}. Every prefix ends here."""
         if not self.folder.exists():
-            return
+            return {}
         self.stop()
         left = [path for folder in self.outside for path in files_below(folder)]
-        left += left_behind(self.folder, TEMPLATE)
+        left += [path for path in left_behind(self.folder, TEMPLATE)
+                 if path.name != BROUGHT.name or not is_same(path, BROUGHT)]
         found = cards.SEARCH.finds_in(left)
         note_search(self.folder, left, found)
         self.clear()
-        assert not found, f"card data was left: {found}"
+        return found
 
     def clear(self):
         """The same without a look at it, for what a run that was broken off has left."""

@@ -63,8 +63,8 @@ def packings(content):
 
 def windows(digits, length, most_alike=None):
     """Every part of that length which is no mere repetition of one digit, as any file holds it: at
-    most all but two, or that many, of its digits are the same. (Packed, half of them alike are found
-    in the pictures that programs bring.)"""
+    most all but two, or that many, of its digits are the same. (Packed, parts with more of them are
+    found in the pictures that every program brings.)"""
     parts = [digits[at:at + length] for at in range(len(digits) - length + 1)]
     return [part for part in parts if max(map(part.count, part)) <= (most_alike or length - 2)]
 
