@@ -1,7 +1,8 @@
 """Tries mutants: compiles a changed source, links it in front of the libraries that hold the sound one,
 and runs the tests that are about it, until one fails."""
 
-import json
+import collections
+import concurrent.futures
 import os
 import pathlib
 import re
@@ -22,7 +23,7 @@ MEMORY_LIMIT = 4 << 30
 # These play at random and take most of the time; a mutant meets them last.
 SLOW = ("Share/*", "*Property*", "*property*", "*Sweep*", "*Plays*", "*Simul*")
 # Tables of places and captions in design units: pictures and scenarios judge those.
-TABLES = re.compile(r"Layout\.cpp$|Menus\.cpp$")
+TABLES = re.compile(r"Layout\.cpp$|entry/ChargeInfoMenus\.cpp$")
 OF_ROOM = {"components/charge/": ("charge_tests", "record_files_tests", "log_lines_tests"),
            "components/logviewer/": ("logviewer_tests", "log_lines_tests"),
            "components/hostdata/": ("hostdata_tests", "store_file_tests"),
@@ -34,14 +35,29 @@ LINKER = ["-fuse-ld=gold"] if shutil.which("ld.gold") else []
 CASE = re.compile(r"^(?:TYPED_)?TEST(?:_F|_P)?\((\w+),", re.MULTILINE)
 
 
-def all_mutants():
-    """[(file, line, what, changed text)] of the portable sources."""
+def all_mutants(build):
+    """[(file, line, what, changed text)] of the portable sources and headers."""
     found = []
-    for name in coverage.sources():
+    for name in [*coverage.sources(build), *readers(build)]:
         if not TABLES.search(name):
             text = (ringlib.TOP / name).read_text(encoding="utf-8")
             found += [(name, *each) for each in mutate.mutants(text)]
     return found
+
+
+def readers(build):
+    """{portable header: the portable sources that read it}, as the compiler told ninja."""
+    shown = subprocess.run(["ninja", "-C", str(build), "-t", "deps"], text=True, check=True,
+                           capture_output=True).stdout
+    sources, found = set(coverage.sources(build)), collections.defaultdict(set)
+    for made in shown.split("\n\n"):
+        names = [os.path.relpath(build / line.strip(), ringlib.TOP)
+                 for line in made.splitlines() if line.startswith(" ")]
+        own = sources.intersection(names)
+        for name in names:
+            if own and name.endswith(".h") and coverage.portable(name):
+                found[name] |= own
+    return dict(sorted(found.items()))
 
 
 class Workshop:
@@ -50,9 +66,8 @@ class Workshop:
     def __init__(self, build, folder):
         self.build = build
         self.folder = folder
-        commands = json.loads((build / "compile_commands.json").read_text(encoding="utf-8"))
-        self.compiles = {os.path.relpath(each["file"], ringlib.TOP): each for each in commands
-                         if "_tests.dir" not in each["command"]}
+        self.compiles = coverage.compiled(build)
+        self.readers = readers(build)
         self.links = {program: self.link_command(program) for program in gtest.programs(build)}
         self.suites = suites_by_source()
 
@@ -65,18 +80,28 @@ class Workshop:
         return shlex.split(command)
 
     def compile(self, name, text, worker):
-        """The object of the changed source; nothing when it does not compile."""
-        known = self.compiles[name]
-        words = [word for word in shlex.split(known["command"]) if not word.endswith("ccache")]
+        """The objects of a changed source, or of the sources that read a changed header; nothing
+        when one does not compile."""
         place = self.folder / worker
-        place.mkdir(parents=True, exist_ok=True)
-        source, result = place / pathlib.Path(name).name, place / "changed.o"
-        source.write_text(text, encoding="utf-8")
-        words[words.index("-o") + 1] = str(result)
-        words[words.index("-c") + 1] = str(source)
-        done = subprocess.run([*words, "-w", "-Wno-error"], cwd=known["directory"], check=False,
-                              stdin=subprocess.DEVNULL, capture_output=True)
-        return result if done.returncode == 0 else None
+        shutil.rmtree(place, ignore_errors=True)
+        changed = place / "changed" / name
+        changed.parent.mkdir(parents=True)
+        changed.write_text(text, encoding="utf-8")
+        found = []
+        for source in sorted(self.readers.get(name, [name])):
+            known, result = self.compiles[source], place / f"{source.replace('/', '_')}.o"
+            words = [word for word in shlex.split(known["command"]) if not word.endswith("ccache")]
+            words[words.index("-o") + 1] = str(result)
+            if source == name:
+                words[words.index("-c") + 1] = str(changed)
+            # What a source names in quotes is looked for among the changed first.
+            done = subprocess.run([*words, "-iquote", place / "changed", "-w", "-Wno-error"],
+                                  cwd=known["directory"], check=False, stdin=subprocess.DEVNULL,
+                                  capture_output=True)
+            if done.returncode:
+                return []
+            found.append(str(result))
+        return found
 
     def programs(self, name):
         """The test programs that can notice a change of the source."""
@@ -86,12 +111,12 @@ class Workshop:
                 if pathlib.Path(program).name == part]
 
     def link(self, program, changed, worker):
-        """The program with the changed object."""
+        """The program with the changed objects."""
         words = list(self.links[program])
         result = self.folder / worker / pathlib.Path(program).name
         words[words.index("-o") + 1] = str(result)
         first = next(i for i, word in enumerate(words) if word.endswith(".o"))
-        words[first:first] = [str(changed), *LINKER]
+        words[first:first] = [*changed, *LINKER]
         done = subprocess.run(words, cwd=self.build, check=False, stdin=subprocess.DEVNULL,
                               capture_output=True)
         return result if done.returncode == 0 else None
@@ -106,7 +131,7 @@ class Workshop:
         """"killed", "survived", or "none" for what is no program."""
         name, _, _, text = mutant
         changed = self.compile(name, text, worker)
-        if changed is None:
+        if not changed:
             return "none"
         for program in self.programs(name):
             linked = self.link(program, changed, worker)
@@ -115,6 +140,22 @@ class Workshop:
             if any(not passes(linked, wanted) for wanted in self.filters(name)):
                 return "killed"
         return "survived"
+
+
+def control(workshop, mutants):
+    """What goes wrong with sources and headers that were not changed: each program must be linked
+    and pass. Without that a broken build would look like a killed mutant."""
+    samples = {}
+    for name, *_ in mutants:
+        samples.setdefault((*workshop.programs(name), name.endswith(".h")), name)
+
+    def try_unchanged(name):
+        text = (ringlib.TOP / name).read_text(encoding="utf-8")
+        return workshop.try_mutant((name, 0, "nothing", text), f"control-{stem(name)}")
+
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        ends = zip(samples.values(), pool.map(try_unchanged, samples.values()))
+    return [f"{name}, unchanged: {end}" for name, end in ends if end != "survived"]
 
 
 def passes(program, wanted):

@@ -54,6 +54,15 @@ TEST(KeyboardBuffer, DoesNothingWithAnEmptyBox) {
     EXPECT_TRUE(answer.track1.empty());
 }
 
+TEST(KeyboardBuffer, KeepsNothingOfABoxThatHoldsReturnsOnly) {
+    KeyboardBuffer buffer;
+
+    const KeyboardBuffer::Answer answer = buffer.timeIsOver("\r\r", true);
+
+    ASSERT_TRUE(answer.text.has_value());
+    EXPECT_TRUE(answer.text->empty());
+}
+
 TEST(KeyboardBuffer, TakesACompleteTrackAndEmptiesTheBox) {
     Box box;
 

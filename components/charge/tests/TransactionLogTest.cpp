@@ -158,6 +158,17 @@ TEST(TransactionLog, AnOutcomeWhoseLineIsDamagedIsToldAgain) {
     EXPECT_FALSE(reader.hasOutcome(key));
 }
 
+TEST(TransactionLog, AnOutcomeWhoseLineLacksItsEndIsToldAgain) {
+    Shop shop;
+    ASSERT_TRUE(shop.charge("12.50"));
+    std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
+    TransactionLog reader(shop.files, "logs/ZENDACARD.LOG");
+    const std::string key = log.substr(log.find("[KEY") + 1, log.find(']') - log.find("[KEY") - 1);
+    ASSERT_TRUE(reader.hasOutcome(key));
+    log.resize(log.size() - 2);
+    EXPECT_FALSE(reader.hasOutcome(key));
+}
+
 TEST(TransactionLog, TheBlanksOfAnInterruptedProbeAreRemoved) {
     Shop shop;
     shop.files.contents["logs/ZENDACARD.LOG"] = "first\r\n" + std::string(300, ' ');

@@ -33,6 +33,44 @@ TEST(MissingPayments, PassOverLinesThatNobodyUnderstands) {
     EXPECT_EQ(missingPayments(first, L"1000000001\n1000000001\t\nx\t314000\t9\n").size(), 1u);
 }
 
+TEST(MissingPayments, PassOverAnAmountThatIsNoWholeNumber) {
+    const auto approved = [](const std::wstring& amount) {
+        return L"1000000001\t" + amount + L"\tA1B2C3\t1881\t2026-11-21 09:05:03\tCHARGE\n";
+    };
+    for (const wchar_t* amount : {L"", L"-", L"12.5", L"12:5", L"--5", L"+5", L" 5"})
+        EXPECT_TRUE(missingPayments(approved(amount), L"").empty()) << amount;
+    EXPECT_EQ(missingPayments(approved(L"314000"), L"1000000001\t31400/\n").size(), 1u);
+}
+
+TEST(MissingPayments, TellAmountsOfEveryDigitAndUpToTheLongest) {
+    const std::wstring head = L"1000000001\t";
+    const std::wstring tail = L"\tA1B2C3\t1881\t2026-11-21 09:05:03\tCHARGE\n";
+    const auto amountOf = [&](const std::wstring& text) {
+        const auto missing = missingPayments(head + text + tail, L"");
+        return missing.size() == 1 ? missing.front().amount : -1;
+    };
+    EXPECT_EQ(amountOf(L"0"), 0);
+    EXPECT_EQ(amountOf(L"1234567890"), 1'234'567'890);
+    EXPECT_EQ(amountOf(L"-9"), -9);
+    EXPECT_EQ(amountOf(L"999999999999999999"), 999'999'999'999'999'999);
+    EXPECT_EQ(amountOf(L"-99999999999999999"), -99'999'999'999'999'999);
+    EXPECT_EQ(amountOf(L"1000000000000000000"), -1);
+}
+
+TEST(MissingPayments, ComeInTheirOrderAndOnceForEachLine) {
+    const auto missing = missingPayments(second + first + second, L"");
+    ASSERT_EQ(missing.size(), 3u);
+    EXPECT_EQ(missing[0].transaction, L"1000000002");
+    EXPECT_EQ(missing[1].transaction, L"1000000001");
+    EXPECT_EQ(missing[2].transaction, L"1000000002");
+}
+
+TEST(MissingPayments, AreToldWithoutTheEndOfTheLastLine) {
+    const std::wstring whole = first + second;
+    EXPECT_EQ(missingPayments(whole.substr(0, whole.size() - 1), L"").size(), 2u);
+    EXPECT_TRUE(missingPayments(first, L"1000000001\t314000").empty());
+}
+
 TEST(MissingPayments, KeepAnEmptyValueInItsPlace) {
     const auto missing = missingPayments(second, L"");
     ASSERT_EQ(missing.size(), 1u);
