@@ -5,6 +5,9 @@
 //     till_driver sale AMOUNT          the same with one charge between them
 //     till_driver restart [AMOUNT]     a start that looks for payments that were not recorded, then
 //                                      a sale when an amount is given
+//     till_driver sales TILL COUNT     charges and posts COUNT different amounts: those of till 0
+//     are
+//                                      0.01, 0.02, ..., those of till 1 follow
 //     till_driver post NAME COUNT      posts payments NAME-1, NAME-2, ... (no charge)
 //     till_driver come-and-go COUNT    connects to the host data server and leaves it at once;
 //                                      tells how often it was refused
@@ -32,6 +35,12 @@ constexpr std::int32_t kPaymentRecord = 17;
 void say(const std::string& line) {
     std::printf("%s\n", line.c_str());
     std::fflush(stdout); // what was said is known also when the process is ended from outside
+}
+
+std::string decimalText(int hundredths) {
+    char text[16];
+    std::snprintf(text, sizeof text, "%d.%02d", hundredths / 100, hundredths % 100);
+    return text;
 }
 
 class Payment {
@@ -67,6 +76,15 @@ public:
         charge.LogLoggedInUser("Olive Trent");
         if (!amount.empty())
             submit(charge, amount);
+        charge.Free();
+    }
+
+    // No two amounts are alike, for a second charge like a first one is refused as a double.
+    void sellMany(int till, int count) {
+        ChargeComponent charge(automation_.create(std::string(kChargeComponentProgId)), locale_);
+        charge.LogLoggedInUser("Olive Trent");
+        for (int i = 1; i <= count; ++i)
+            submit(charge, decimalText(till * count + i));
         charge.Free();
     }
 
@@ -163,6 +181,8 @@ void run(std::span<char*> arguments) {
         Till().restart(arguments.size() == 3 ? arguments[2] : "");
     } else if (what == "sale" && arguments.size() == 3) {
         Till().sell(arguments[2]);
+    } else if (what == "sales" && arguments.size() == 4) {
+        Till().sellMany(std::atoi(arguments[2]), std::atoi(arguments[3]));
     } else if (what == "post" && arguments.size() == 4) {
         const auto begin = std::chrono::steady_clock::now();
         Till().post(arguments[2], std::atoi(arguments[3]));

@@ -17,8 +17,17 @@ def running():
 def marked(mark):
     """The processes whose environment holds a mark, such as a variable with its value."""
     wanted = mark.encode("utf-8")
-    return [number for number in running()
-            if wanted in read(number, "environ").split(b"\0")]
+    return [number for number in running() if wanted in environment(number).split(b"\0")]
+
+
+def environment(number):
+    """The environment of a process, whose first thread may have ended before the others."""
+    tasks = pathlib.Path(f"/proc/{number}/task")
+    try:
+        found = (read(f"{number}/task/{task.name}", "environ") for task in tasks.iterdir())
+        return next((text for text in found if text), b"")
+    except OSError:
+        return b""
 
 
 def of_prefix(prefix):

@@ -7,7 +7,7 @@ import subprocess
 import time
 
 from . import books
-from .crash import DRIVER
+from .crash import DRIVER, LIVE, end_searched
 from .prefix import Prefix
 
 
@@ -23,7 +23,7 @@ class Tills:
         return self
 
     def __exit__(self, *unused):
-        self.prefix.remove()
+        end_searched(self.prefix)
 
     def together(self, *arguments):
         """The same on every till at once ("{till}" is its number). Answers what each one said and
@@ -51,6 +51,37 @@ class Tills:
         said, seconds = self.together("post", "till{till}", str(payments // self.count))
         assert all(lines[-1:] == ["ended"] for lines in said), said
         return seconds
+
+    def sell(self, charges):
+        """Charges that many amounts live, shared out over the tills, and posts each; answers the
+        seconds and what is wrong, with the tills, or with a book that is not as the others."""
+        self.prefix.run("reg", *LIVE)
+        count = charges // self.count
+        said, seconds = self.together("sales", "{till}", str(count))
+        self.prefix.stop()
+        found = [f"a till says {line}" for lines in said for line in lines
+                 if line.split(" ")[0] not in ("approved", "posted", "ended")]
+        told = sorted(line.split(" ")[1] for lines in said for line in lines
+                      if line.startswith("approved"))
+        if [lines[-1:] for lines in said] != [["ended"]] * self.count:
+            found.append("not every till came to its end")
+        return seconds, found + self.sales_problems(count * self.count, told)
+
+    def sales_problems(self, charges, told):
+        """What of the charges is not once in ledger, log and store, with the transaction that a
+        till was told. Each amount is another one."""
+        now = books.read(self.prefix.folder)
+        store = [payment for payment in now.payments if payment[0].isdigit()]
+        problems = [] if now.damage == "ok" else [f"the store is damaged: {now.damage}"]
+        for name, book in (("ledger", now.ledger), ("log", now.log), ("store", store)):
+            amounts = collections.Counter(amount for _, amount in book)
+            if amounts != collections.Counter(range(1, charges + 1)):
+                problems.append(f"the {name} holds {len(book)} charges of {charges}")
+            if sorted(transaction for transaction, _ in book) != told:
+                problems.append(f"the {name} holds other transactions than the tills were told")
+        if not now.ledger == now.log == sorted(store):
+            problems.append("ledger, log and store differ")
+        return problems + [f"still open in the journal: {key}" for key in now.open]
 
     def problems(self, payments):
         """What the store does not hold as the tills posted it. They must be at rest."""
