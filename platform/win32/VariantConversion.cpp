@@ -97,6 +97,26 @@ Variant fromUnknown(IUnknown* unknown) {
     return ObjectRef(std::make_shared<Win32Object>(std::move(dispatch)));
 }
 
+/// What a reference leads to; a component may hand over one that leads nowhere, or in a circle.
+Variant fromReference(const VARIANT& answer) {
+    constexpr VARTYPE kToVariant = VT_BYREF | VT_VARIANT;
+    if (!V_BYREF(&answer)) {
+        raiseTypeMismatch();
+    }
+    if (V_VT(&answer) == kToVariant) {
+        if (V_VT(V_VARIANTREF(&answer)) == kToVariant) {
+            raiseTypeMismatch();
+        }
+        return fromSystem(*V_VARIANTREF(&answer));
+    }
+    VariantHolder direct;
+    VARIANT source = answer;
+    if (FAILED(VariantCopyInd(&direct.get(), &source))) {
+        raiseTypeMismatch();
+    }
+    return fromSystem(direct.get());
+}
+
 /// Numbers of the remaining types, as the narrowest of the program's own that holds them.
 Variant fromNumber(const VARIANT& answer) {
     VariantHolder number;
@@ -122,12 +142,7 @@ void toSystem(const Variant& value, VARIANT& target) {
 
 Variant fromSystem(const VARIANT& answer) {
     if (V_ISBYREF(&answer)) {
-        VariantHolder direct;
-        VARIANT source = answer;
-        if (FAILED(VariantCopyInd(&direct.get(), &source))) {
-            raiseTypeMismatch();
-        }
-        return fromSystem(direct.get());
+        return fromReference(answer);
     }
     switch (V_VT(&answer)) {
     case VT_EMPTY:
