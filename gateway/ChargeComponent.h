@@ -57,7 +57,8 @@ public:
     void ClearFields();
     tollvane::TransactionField TransactionField(std::string_view gatewayField) const;
 
-    /// The four operations; true is an approval, whatever the response codes say.
+    /// The four operations; true is an approval, whatever the response codes say. An answer that is
+    /// no truth value raises 13: the outcome is not known then.
     bool AuthorizeAndCapture();
     bool CaptureVoiceAuth(const std::string& authorisationCode);
     bool Credit(const std::string& transactionId);

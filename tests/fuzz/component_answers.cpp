@@ -1,6 +1,6 @@
-// Components that answer anything: values of every type, missing members, errors. Nothing of it
-// escapes a handler, nothing is charged twice, nothing approved is told as declined, and the next
-// clean charge succeeds.
+// Components that answer anything: values of every type, objects of other components, missing
+// members, errors. Nothing of it escapes a handler, nothing is charged twice, nothing that the
+// processor approved is told as declined, and the next clean charge succeeds.
 
 #include "entry/ChargeInfo.h"
 #include "tests/fuzz/Script.h"
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <optional>
 
 namespace {
@@ -18,26 +19,35 @@ using namespace tollvane::test;
 /// What the components answer from now on; everything is passed on when it is empty.
 class Disturbance {
 public:
-    void begin(std::string bytes) {
+    void begin(std::string bytes, bool onlyOutcome = false) {
         bytes_ = std::move(bytes);
         at_ = 0;
+        onlyOutcome_ = onlyOutcome;
     }
     void end() { begin({}); }
 
     /// Another answer in the place of a true one.
-    Variant answer(Variant truth);
+    Variant answer(Variant truth) { return onlyOutcome_ ? truth : spoilt(std::move(truth)); }
+    /// The same, for the answer of an operation.
+    Variant outcome(Variant truth) { return spoilt(std::move(truth)); }
 
-    /// What the program was told of the operation that ran; nothing when it never was.
-    std::optional<bool> told;
+    /// The processor's decision about the operation that ran; nothing when none did.
+    std::optional<bool> decision;
+    /// It reached the program as a truth value.
+    bool told = false;
 
 private:
     std::size_t next() {
         return at_ < bytes_.size() ? static_cast<unsigned char>(bytes_[at_++]) : 0;
     }
+    Variant spoilt(Variant truth);
     Variant number(std::size_t kind);
+    /// An object of another component. It lacks every member, or answers each with itself.
+    static Variant stranger(bool answersItself);
 
     std::string bytes_;
     std::size_t at_ = 0;
+    bool onlyOutcome_ = false;
 };
 
 /// Objects on their way to the program are disturbed too.
@@ -47,13 +57,17 @@ public:
         : inner_(std::move(inner)), disturbance_(disturbance) {}
 
     Variant call(std::string_view member, std::vector<Argument> arguments) override {
+        const Variant truth = inner_->call(member, std::move(arguments));
         const bool isOperation = member == "AuthorizeAndCapture" || member == "CaptureVoiceAuth" ||
                                  member == "Credit" || member == "Void";
-        const Variant answer = disturbance_.answer(inner_->call(member, std::move(arguments)));
-        if (isOperation) {
-            disturbance_.told = asBool(answer);
+        if (!isOperation) {
+            return passed(disturbance_.answer(truth));
         }
-        return passed(answer);
+        disturbance_.decision = std::get<bool>(truth);
+        const Variant answer = disturbance_.outcome(truth);
+        disturbance_.told = std::holds_alternative<bool>(answer);
+        // A truth value that is not true is a lie, which nobody could see through.
+        return disturbance_.told ? truth : passed(answer);
     }
     Variant get(std::string_view member, std::vector<Argument> arguments) override {
         return passed(disturbance_.answer(inner_->get(member, std::move(arguments))));
@@ -80,6 +94,29 @@ private:
     Disturbance& disturbance_;
 };
 
+class Stranger : public AutomationObject, public std::enable_shared_from_this<Stranger> {
+public:
+    explicit Stranger(bool answersItself) : answersItself_(answersItself) {}
+
+    Variant call(std::string_view, std::vector<Argument>) override { return answer(); }
+    Variant get(std::string_view, std::vector<Argument>) override { return answer(); }
+    void put(std::string_view, Variant) override { answer(); }
+    void putReference(std::string_view, ObjectRef) override { answer(); }
+
+private:
+    Variant answer() {
+        if (!answersItself_) {
+            throw Error(errornumber::memberNotFound, "stranger", "No such member");
+        }
+        return ObjectRef(shared_from_this());
+    }
+    bool answersItself_;
+};
+
+Variant Disturbance::stranger(bool answersItself) {
+    return ObjectRef(std::make_shared<Stranger>(answersItself));
+}
+
 Variant Disturbance::number(std::size_t kind) {
     using Whole = std::numeric_limits<std::int32_t>;
     using Fraction = std::numeric_limits<double>;
@@ -95,7 +132,7 @@ Variant Disturbance::number(std::size_t kind) {
     }
 }
 
-Variant Disturbance::answer(Variant truth) {
+Variant Disturbance::spoilt(Variant truth) {
     const std::size_t kind = next();
     switch (kind % 16) {
     case 1: return {};
@@ -110,6 +147,7 @@ Variant Disturbance::answer(Variant truth) {
     case 10: throw Error(errornumber::memberNotFound, "component", "No such member");
     case 11: throw Error(-2147023174, "component", "The RPC server is unavailable.");
     case 12: throw Error(errornumber::cannotCreateObject, "component", "Cannot create object");
+    case 13: return stranger(kind / 16 % 2 == 0);
     default: return truth;
     }
 }
@@ -180,23 +218,51 @@ void requireCleanCharge(Till& till) {
     require(hasBox(till.boxes(), "Approved"), "and told");
 }
 
-void submitDisturbed(DisturbedTill& shop, int type, const std::string& script) {
-    Till& till = shop.till;
+/// What is submitted, and what of it goes wrong.
+struct Submission {
+    std::size_t type;
+    bool declines;    ///< the processor does
+    bool onlyOutcome; ///< nothing but the operation's answer is disturbed
+    std::string script;
+};
+
+void fill(Till& till, std::size_t type) {
     till.choose(type == 0 ? 1 : 0);
-    till.choose(type);
+    till.choose(static_cast<int>(type));
     till.program().ClearText();
-    if (type == 0) {
-        till.fillCharge();
-    } else if (type == 1) {
-        till.fillRefund();
-    } else {
-        till.fillVoid();
+    switch (type) {
+    case 0: till.fillCharge(); break;
+    case 1: till.fillRefund(); break;
+    default: till.fillVoid(); break;
     }
+}
+
+/// By what the processor decided, whatever became of it on the way.
+void requireTruth(DisturbedTill& shop, const std::vector<Message>& boxes) {
+    const bool ran = shop.disturbance.decision.has_value();
+    const bool approved = shop.disturbance.decision.value_or(false);
+    const bool told = shop.disturbance.told;
+    require(shop.till.program().TransactionApproved() == (approved && told),
+            "approved is what was told so");
+    require(!approved || !hasBox(boxes, "Authorization Failed"), "an approval is not a decline");
+    require(approved || !hasBox(boxes, "Approved"), "nothing else is an approval");
+    require(!ran || told || shop.till.status().starts_with("See the transaction log: "),
+            "an outcome that is not known stays in sight");
+}
+
+void submitDisturbed(DisturbedTill& shop, const Submission& submission) {
+    Till& till = shop.till;
+    fill(till, submission.type);
     till.boxes();
+    till.desktop.charge.forgetAnswers();
+    if (submission.declines) {
+        till.desktop.charge.answer(declined(2, 27, "Declined."));
+    }
     const std::size_t operations = till.operations().size();
     const std::size_t posted = till.desktop.hostData.posted.size();
-    shop.disturbance.told.reset();
-    shop.disturbance.begin(script);
+    shop.disturbance.decision.reset();
+    shop.disturbance.told = false;
+    shop.disturbance.begin(submission.script, submission.onlyOutcome);
     till.submit();
     shop.disturbance.end();
     const auto boxes = till.boxes();
@@ -204,10 +270,8 @@ void submitDisturbed(DisturbedTill& shop, int type, const std::string& script) {
     require(till.operations().size() <= operations + 1, "one operation at most");
     require(till.desktop.hostData.posted.size() <= posted + 1, "one payment at most");
     require(boxes.size() >= 1, "the operator is told");
-    const bool told = shop.disturbance.told.value_or(false);
-    require(till.program().TransactionApproved() == told, "approved is what was told so");
-    require(!told || !hasBox(boxes, "Authorization Failed"), "an approval is not a decline");
-    require(told || !hasBox(boxes, "Approved"), "nothing else is an approval");
+    requireTruth(shop, boxes);
+    till.desktop.charge.forgetAnswers();
     till.desktop.record.forget();
     till.desktop.registry.forgetCalls();
 }
@@ -232,7 +296,8 @@ void startDisturbed(const std::string& script) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Script script(data, size);
-    const std::size_t what = script.next() % 4;
+    const std::size_t first = script.next();
+    const std::size_t what = first % 4;
     if (what == 3) {
         startDisturbed(script.rest());
         return 0;
@@ -241,7 +306,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!shop.till.isOpen()) {
         shop.till.open();
     }
-    submitDisturbed(shop, static_cast<int>(what), script.rest());
+    submitDisturbed(shop, {what, first / 4 % 2 == 1, first / 8 % 2 == 1, script.rest()});
     requireUsable(shop.till);
     requireCleanCharge(shop.till);
     return 0;

@@ -228,8 +228,7 @@ void SimulatedCharge::addOperation(const std::string& name, Operation operation)
         raised = true;
         const Variant result =
             run(name, operation, arguments.empty() ? std::string() : asText(arguments[0].value));
-        asBool(result); // raises for what the program cannot take for an answer either
-        raised = false;
+        raised = !std::holds_alternative<bool>(result); // the outcome is not known then either
         return result;
     });
 }
