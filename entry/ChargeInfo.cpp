@@ -94,25 +94,25 @@ void ChargeInfo::ShowExtendedData(bool vblnPresent) {
 
 void ChargeInfo::EnableForm(bool enable) noexcept {
     for (Control* control : form_->controls()) {
-        try {
-            control->setEnabled(enable);
-        } catch (...) {
-            // A control that cannot be switched stays as it is; the others still follow.
-        }
+        switchControl(*control, enable);
+    }
+    for (Button* button : {&controls_.cmdSubmit, &controls_.cmdModify, &controls_.cmdCancel}) {
+        switchControl(*button, enable);
     }
     try {
-        controls_.cmdSubmit.setEnabled(enable);
-        controls_.cmdModify.setEnabled(enable);
-        controls_.cmdCancel.setEnabled(enable);
         if (transType_ >= 0 && transType_ < transtype::count) {
             const Raised restoring(restoringType_);
             controls_.optTransType[static_cast<std::size_t>(transType_)]->select();
         }
+    } catch (...) {
+        // The type stays as it was; the fields still follow it.
+    }
+    try {
         if (enable) {
             LayoutForType();
         }
     } catch (...) {
-        // As above: only the look is at stake here.
+        // What is left is the fields' look.
     }
 }
 

@@ -7,13 +7,14 @@ namespace tollvane {
 
 namespace {
 
-/// Runs one step whose failure leaves the others standing.
+/// Runs one step whose failure leaves the others standing. False when it failed.
 template <class Step>
-void skippingErrors(Step&& step) noexcept {
+bool skippingErrors(Step&& step) noexcept {
     try {
         step();
+        return true;
     } catch (...) {
-        // A control without the property keeps what it has.
+        return false; // a control without the property keeps what it has
     }
 }
 
@@ -35,8 +36,15 @@ constexpr std::array<std::string_view, transtype::count> kTransactionNumberTips{
 
 } // namespace
 
+void switchControl(Control& control, bool enabled) noexcept {
+    const auto step = [&] { control.setEnabled(enabled); };
+    if (!skippingErrors(step)) {
+        skippingErrors(step);
+    }
+}
+
 void SetFieldState(Control& control, bool usable) noexcept {
-    skippingErrors([&] { control.setEnabled(usable); });
+    switchControl(control, usable);
     skippingErrors([&] { control.setTabStop(usable); });
     skippingErrors([&] { control.setLocked(!usable); });
     const ControlKind kind = control.kind();

@@ -10,6 +10,16 @@ constexpr long kNumber = 7;
 constexpr const char* kTrack = "%B4111111111111111^SMITH/JOHN^2712101000000?";
 constexpr int kAPause = 400; // milliseconds, longer than any inside a swipe
 
+/// The operator can press every button and choose every type.
+void expectAllChoices(Till& till) {
+    for (const char* button : {"cmdSubmit", "cmdModify", "cmdCancel"}) {
+        EXPECT_TRUE(till.button(button).enabled()) << button;
+    }
+    for (int type = 0; type < 3; ++type) {
+        EXPECT_TRUE(till.kind(type).enabled()) << "type " << type;
+    }
+}
+
 TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
     const int failed = sweepFaults([](int nth) {
         Till till;
@@ -25,9 +35,7 @@ TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
         till.desktop.faults.clear();
         EXPECT_LE(till.operations().size(), 1U);
         EXPECT_EQ(till.form().mousePointer(), MousePointer::standard);
-        for (const char* button : {"cmdSubmit", "cmdModify", "cmdCancel"}) {
-            EXPECT_TRUE(till.button(button).enabled()) << button;
-        }
+        expectAllChoices(till);
         const bool charged = till.operations().size() == 1;
         EXPECT_EQ(till.program().TransactionApproved(), charged);
         if (charged) {
@@ -54,13 +62,41 @@ TEST(ControlFaults, OfARefusalLeaveEveryButtonUsable) {
         till.submit();
 
         const bool reached = till.desktop.faults.reached();
+        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
+                     till.desktop.faults.failedCall());
         till.desktop.faults.clear();
         till.boxes();
-        for (const char* button : {"cmdSubmit", "cmdModify", "cmdCancel"}) {
-            EXPECT_TRUE(till.button(button).enabled()) << button << ", failed change " << nth;
-        }
+        expectAllChoices(till);
+        EXPECT_NE(till.focus(), "");
         return reached;
     });
+}
+
+TEST(ControlFaults, OfAnotherTypeLeaveItsFieldsAsTheTypeAsks) {
+    const int failed = sweepFaults([](int nth) {
+        Till till;
+        till.open();
+        till.choose(1);
+        till.desktop.faults.failAt(Port::controls, nth, kNumber);
+
+        till.choose(0);
+
+        const bool reached = till.desktop.faults.reached();
+        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
+                     till.desktop.faults.failedCall());
+        till.desktop.faults.clear();
+        till.boxes();
+        for (const char* field : {"txtCardName", "txtCardNumber", "txtCardCode", "txtAmount",
+                                  "txtTaxAmount", "txtBillToStreet", "txtBillToZip"}) {
+            EXPECT_TRUE(till.box(field).enabled()) << field;
+        }
+        for (const char* list : {"cboExpMonth", "cboExpYear", "cboBillToState"}) {
+            EXPECT_TRUE(till.list(list).enabled()) << list;
+        }
+        EXPECT_FALSE(till.box("txtTransactionNumber").enabled());
+        return reached;
+    });
+    EXPECT_GE(failed, 30);
 }
 
 TEST(ControlFaults, OfAClosingFormNeverKeepTheComponents) {

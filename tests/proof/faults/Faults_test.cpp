@@ -33,6 +33,9 @@ TEST_P(FaultSweep, LeavesAFormThatTakesTheNextCharge) {
     RecordProperty("calls", static_cast<int>(sweep.calls().size()));
     RecordProperty("possible", static_cast<int>(sweep.runs(1).size()));
     RecordProperty("runs", static_cast<int>(runs.size()));
+    for (const auto& [reason, count] : sweep.newStarts()) {
+        RecordProperty("new start: " + reason, count);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, FaultSweep, ::testing::ValuesIn(scenarios()),

@@ -73,12 +73,18 @@ void Judge::boxes(const std::vector<Message>& shown, const std::vector<Message>&
     }
 }
 
-void Judge::money(const std::vector<Message>& shown, const Mode& mode) {
+void Judge::money(const std::vector<Message>& shown) {
     const auto& operations = rig_.till.desktop.charge.operations();
     const std::size_t before = rig_.operationsBefore;
     wrongUnless(operations.size() <= before + 1, "charged more than once");
     wrongUnless(rig_.till.desktop.hostData.posted.size() <= operations.size(),
                 "posted more than was charged");
+    const bool approved = operations.size() > before && operations.back().approved;
+    const auto saw = [&shown](const char* title) {
+        return std::ranges::any_of(shown, [&](const Message& box) { return box.title == title; });
+    };
+    wrongUnless(!approved || !saw("Authorization Failed"), "an approval was shown as a decline");
+    wrongUnless(approved || !saw("Approved"), "an approval was shown that is none");
     if (operations.size() == before) {
         return;
     }
@@ -86,14 +92,9 @@ void Judge::money(const std::vector<Message>& shown, const Mode& mode) {
     const auto* money = std::get_if<Money>(&amount);
     wrongUnless(money != nullptr && *money == Money::fromUnits(25),
                 "sent the amount " + variantText(amount));
-    const bool approved = std::string(scenario_.name) != "DeclineWithHelp";
-    const bool answered = mode.how != Mode::How::answers;
-    const bool declined = std::ranges::any_of(
-        shown, [](const Message& box) { return box.title == "Authorization Failed"; });
-    wrongUnless(!approved || !answered || !declined, "an approval was shown as a decline");
 }
 
-void Judge::form(bool controlsObey) {
+void Judge::form() {
     for (const std::string& error : rig_.till.desktop.escaped.noted()) {
         wrong("an error left a handler: " + error);
     }
@@ -102,18 +103,68 @@ void Judge::form(bool controlsObey) {
         return;
     }
     wrongUnless(till.form().mousePointer() == MousePointer::standard, "the hourglass stayed");
-    if (!controlsObey) {
-        return;
-    }
-    for (const char* name : {"cmdSubmit", "cmdCancel", "cmdModify"}) {
+    for (const char* name : {"cmdCancel", "cmdModify"}) {
         wrongUnless(till.button(name).enabled(), std::string(name) + " is disabled");
     }
-    wrongUnless(typesAreEnabled(), "a transaction type is disabled");
-    wrongUnless(till.box("txtAmount").enabled(), "txtAmount is disabled");
+    for (int type = 0; type < transtype::count; ++type) {
+        wrongUnless(till.kind(type).enabled(), "type " + std::to_string(type) + " is disabled");
+    }
+    fields();
     const Control* active = till.form().activeControl();
     wrongUnless(active != nullptr, "no control has the focus");
     wrongUnless(active == nullptr || (active->enabled() && active->visible()),
                 "the focus is in a control that cannot have it");
+}
+
+void Judge::fields() {
+    struct Use {
+        const char* field;
+        bool charge, refund, voiding;
+    };
+    Till& till = rig_.till;
+    const bool swiped = !till.text("txtMagStripe").empty();
+    const Use all[] = {{"cmdSubmit", true, true, true},
+                       {"txtAmount", true, true, true},
+                       {"txtCardName", true, false, false},
+                       {"txtCardNumber", true, true, false},
+                       {"txtCardCode", !swiped, false, false},
+                       {"cboExpMonth", true, false, false},
+                       {"cboExpYear", true, false, false},
+                       {"chkTaxExempt", true, false, false},
+                       {"txtTaxAmount", !till.check("chkTaxExempt").checked(), false, false},
+                       {"chkVoiceAuth", true, false, false},
+                       {"txtAuthNum", till.check("chkVoiceAuth").checked(), false, false},
+                       {"txtTransactionNumber", false, true, true},
+                       {"txtBillToStreet", true, false, false},
+                       {"txtBillToCity", true, false, false},
+                       {"cboBillToState", true, false, false},
+                       {"txtBillToZip", true, false, false}};
+    const int type = till.program().TransType();
+    wrongUnless(till.kind(type).selected(), "the selected type is another");
+    for (const Use& row : all) {
+        const bool usable = type == transtype::charge   ? row.charge
+                            : type == transtype::refund ? row.refund
+                                                        : row.voiding;
+        const bool enabled = till.form().control<Control>(row.field).enabled();
+        wrongUnless(enabled == usable, std::string(row.field) + (enabled ? " can" : " cannot") +
+                                           " be used in type " + std::to_string(type));
+    }
+}
+
+void Judge::life(const std::vector<Message>& shown, const Call& call, const Mode& mode) {
+    if (rig_.till.isOpen()) {
+        // A number that is not 0 is the environment's yes.
+        const bool saidYes =
+            mode.how == Mode::How::answers &&
+            (call.name == "login.Login" || call.name == "environment.HasSecurity");
+        wrongUnless(!scenario_.isRefused || saidYes, "the operator was let in");
+        return;
+    }
+    if (scenario_.isStart) {
+        wrongUnless(scenario_.isRefused || !shown.empty(), "the start failed without a word");
+    } else {
+        wrongUnless(scenario_.isEnd, "the form closed after " + call.text());
+    }
 }
 
 void Judge::belongings() {
@@ -127,12 +178,16 @@ void Judge::belongings() {
     wrongUnless(rig_.till.desktop.printers.openJobs() == 0, "a print job was kept");
 }
 
-bool Judge::typesAreEnabled() {
-    bool enabled = true;
-    for (int type = 0; type < transtype::count; ++type) {
-        enabled = enabled && rig_.till.kind(type).enabled();
+std::string Judge::reasonForANewStart(const Call& call) {
+    if (rig_.sabotage.anyDead()) {
+        return "a component's process ended";
     }
-    return enabled;
+    if (!rig_.till.isOpen()) {
+        return scenario_.isEnd ? "the form was closed" : "the start was refused";
+    }
+    // A state whose name is missing from the list cannot be chosen in the form that lacks it.
+    return scenario_.isStart && call.name == "resourceString" ? "a state is missing from the list"
+                                                              : "";
 }
 
 void Judge::startAnew() {
@@ -157,7 +212,7 @@ void Judge::startAnew() {
 
 void Judge::nextCharge(bool afterANewStart) {
     Till& till = rig_.till;
-    if (!till.isOpen() || rig_.sabotage.anyDead() || afterANewStart || !typesAreEnabled()) {
+    if (afterANewStart) {
         startAnew();
     }
     if (!till.isOpen()) {
@@ -183,7 +238,7 @@ void Judge::nextCharge(bool afterANewStart) {
     wrongUnless(till.operations().size() <= operations ||
                     till.lastOperation().text("Amount") == "25",
                 "the next charge sent another amount");
-    form(true);
+    form();
     till.press("cmdCancel");
     wrongUnless(!till.isOpen(), "the form does not close in the end");
     wrongUnless(rig_.sabotage.liveObjects == 0, "the closed program holds objects");

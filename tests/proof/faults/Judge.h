@@ -16,16 +16,18 @@ public:
     /// The boxes of the run against those of a run without failures.
     void boxes(const std::vector<Message>& shown, const std::vector<Message>& usual,
                const Call& call, const Mode& mode);
-    /// At most one charge of the right amount, none shown as a decline, none posted twice.
-    void money(const std::vector<Message>& shown, const Mode& mode);
-    /// Nothing left a handler; the form's pointer is the usual one, its controls are enabled, the
-    /// focus is where it can be. A control that refused to be switched stays as it is until the
-    /// next submission.
-    void form(bool controlsObey);
+    /// At most one charge of the right amount, none posted twice; the processor's approval is never
+    /// shown as a decline, and nothing else as an approval.
+    void money(const std::vector<Message>& shown);
+    /// Nothing left a handler; the form's pointer is the usual one, its buttons are enabled, its
+    /// fields as the type asks for, the focus is where it can be. No failure is excepted.
+    void form();
+    /// The program is on the screen unless it was ended, or refused to start and said why.
+    void life(const std::vector<Message>& shown, const Call& call, const Mode& mode);
     /// What was borrowed has been given back: components' objects, registry keys, print jobs.
     void belongings();
-    /// The next charge; after a new start where that is asked for, there is no form, a process has
-    /// ended or the charge cannot be chosen.
+    /// Why the next charge needs a new start; empty when it has to succeed in the form as it is.
+    std::string reasonForANewStart(const Call& call);
     void nextCharge(bool afterANewStart);
 
     const std::string& problems() const { return problems_; }
@@ -37,7 +39,7 @@ private:
             wrong(what);
         }
     }
-    bool typesAreEnabled();
+    void fields();
     void startAnew();
 
     Rig& rig_;

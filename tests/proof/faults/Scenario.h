@@ -46,6 +46,7 @@ struct Scenario {
     std::function<void(Rig& rig)> act;
     bool isStart = false;   ///< `act` starts the program
     bool isRefused = false; ///< and does not get far
+    bool isEnd = false;     ///< `act` closes the form
 };
 
 void PrintTo(const Scenario& scenario, std::ostream* out);

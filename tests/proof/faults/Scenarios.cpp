@@ -226,6 +226,14 @@ std::vector<Scenario> submissions() {
                  rig.till.enter("txtBillToStreet", "");
              },
          .act = submit},
+        {.name = "OtherTypes",
+         .prepare = openApproved,
+         .act =
+             [](Rig& rig) {
+                 for (const int type : {transtype::refund, transtype::voiding, transtype::charge}) {
+                     rig.step(sentence::newEntry, [&] { rig.till.choose(type); });
+                 }
+             }},
         {.name = "NewEntry",
          .prepare = openApproved,
          .act =
@@ -271,11 +279,12 @@ std::vector<Scenario> dialogsAndMenus() {
              }},
         {.name = "ExitByMenu",
          .prepare = open,
-         .act = [](Rig& rig) { rig.choose(sentence::closing, "mnuExit"); }},
+         .act = [](Rig& rig) { rig.choose(sentence::closing, "mnuExit"); },
+         .isEnd = true},
         {.name = "Finished",
          .prepare = openApproved,
-         .act =
-             [](Rig& rig) { rig.step(sentence::closing, [&] { rig.till.press("cmdCancel"); }); }},
+         .act = [](Rig& rig) { rig.step(sentence::closing, [&] { rig.till.press("cmdCancel"); }); },
+         .isEnd = true},
     };
 }
 

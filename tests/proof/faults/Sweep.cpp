@@ -2,7 +2,6 @@
 
 #include "tests/proof/faults/Judge.h"
 
-#include <map>
 #include <random>
 #include <set>
 #include <sstream>
@@ -82,17 +81,23 @@ std::string Sweep::play(const Run& run) {
     }
     const std::vector<Message> shown = act(rig, scenario_);
     const bool reached = rig.sabotage.reached() || rig.till.desktop.faults.reached();
+    const std::string failedChange = rig.till.desktop.faults.failedCall();
+    title << (failedChange.empty() ? "" : " (" + failedChange + ")");
     rig.till.desktop.faults.clear();
     if (!reached) {
         return title.str() + "\n  - the call was not made again";
     }
     Judge judge(rig, scenario_);
     judge.boxes(shown, boxes_, call, run.mode);
-    judge.money(shown, run.mode);
-    judge.form(call.callee != Callee::controls);
+    judge.money(shown);
+    judge.form();
+    judge.life(shown, call, run.mode);
     judge.belongings();
-    // A state whose name is missing from the list cannot be chosen in the form that lacks it.
-    judge.nextCharge(call.name == "resourceString" && scenario_.isStart);
+    const std::string reason = judge.reasonForANewStart(call);
+    if (!reason.empty()) {
+        ++newStarts_[reason];
+    }
+    judge.nextCharge(!reason.empty());
     return judge.problems().empty() ? std::string() : title.str() + judge.problems();
 }
 

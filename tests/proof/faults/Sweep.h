@@ -4,6 +4,7 @@
 #include "tests/proof/faults/Scenario.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -26,12 +27,15 @@ public:
     std::vector<Run> runs(unsigned long stride) const;
     /// Plays one of them; what went wrong, empty when nothing did.
     std::string play(const Run& run);
+    /// Runs whose next charge needed the program started anew, by the reason.
+    const std::map<std::string, int>& newStarts() const { return newStarts_; }
 
 private:
     const Scenario& scenario_;
     unsigned long seed_;
     std::vector<Call> calls_;
     std::vector<Message> boxes_;
+    std::map<std::string, int> newStarts_;
 };
 
 } // namespace tollvane::test
