@@ -11,10 +11,17 @@
 
 namespace tollvane::test {
 
+/// What is being tried, for the message about a broken promise.
+inline std::string& atWork() {
+    static std::string words;
+    return words;
+}
+
 /// Ends the process, which the fuzzer keeps the input for, when a promise is broken.
 inline void require(bool holds, std::string_view promise) {
     if (!holds) {
-        std::fprintf(stderr, "broken: %.*s\n", static_cast<int>(promise.size()), promise.data());
+        std::fprintf(stderr, "broken: %.*s; %s\n", static_cast<int>(promise.size()), promise.data(),
+                     atWork().c_str());
         std::abort();
     }
 }

@@ -4,6 +4,7 @@
 #include "components/charge/tests/MemoryFiles.h"
 #include "components/logviewer/tests/LogText.h"
 #include "tests/fuzz/Damage.h"
+#include "tests/fuzz/EveryCut.h"
 
 #include <array>
 #include <set>
@@ -169,7 +170,32 @@ void judgeDamaged(const std::string& text) {
     require(sound.size() == kLines || totals.damaged > 0 || isCut, "a lost line is told");
 }
 
+/// The log has lost its end. What is left of its last line counts for nothing and is told.
+void judgeCut(std::size_t length) {
+    const std::string text = log().text.substr(0, length);
+    std::set<std::size_t> kept;
+    std::size_t end = log().first;
+    for (std::size_t i = 0; i < kLines; ++i) {
+        end += log().lines[i].line.size();
+        if (end <= length) {
+            kept.insert(i);
+        }
+    }
+    judge(text, length % 97 + 1);
+    const LogTotals totals = totalsOf(indexOf(text));
+    require(totals.live.net() == expectedNet(kept, true), "the live total is that of whole lines");
+    require(totals.test.net() == expectedNet(kept, false), "the test total is that of whole lines");
+    const bool isTorn = length > 0 && text.back() != '\n';
+    require(totals.damaged == (isTorn ? 1U : 0U), "the torn line is told, and nothing else");
+}
+
 } // namespace
+
+namespace tollvane::test {
+std::vector<CutFile> cutFiles() {
+    return {{"log", log().text.size(), 1, judgeCut}};
+}
+} // namespace tollvane::test
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Script script(data, size);

@@ -3,8 +3,10 @@
 #include "components/charge/core/Failure.h"
 #include "components/charge/tests/Shop.h"
 #include "tests/fuzz/Damage.h"
+#include "tests/fuzz/EveryCut.h"
 
 #include <bit>
+#include <set>
 
 namespace {
 
@@ -118,7 +120,74 @@ void chargeOn(Shop& shop) {
     require(approvedCharges(*after) == approvedCharges(*before) + 550'000, "the total is right");
 }
 
+std::size_t lines(const std::string& text) {
+    return static_cast<std::size_t>(std::ranges::count(text, '\n'));
+}
+
+/// A ledger without its end is what it was when its last whole entry had been written.
+void judgeCutLedger(std::size_t length) {
+    Shop shop;
+    shop.files.contents = day().files;
+    shop.keys = 100;
+    std::string& ledger = shop.files.contents[kLedger];
+    ledger.resize(length);
+    const std::size_t whole = lines(ledger);
+    const auto entries = loaded(shop.files);
+    require(entries && entries->size() == whole, "every whole entry is there, and no other");
+    requireBeginning(*entries, whole);
+    chargeOn(shop);
+}
+
+/// Operations that the journal's whole lines leave open.
+std::set<std::string> openIn(const std::string& journal) {
+    std::set<std::string> open;
+    for (const Record& record : decodeRecords(journal).records) {
+        if (record[0] == "open") {
+            open.insert(record[1]);
+        } else if (record[0] == "closed") {
+            open.erase(record[1]);
+        }
+    }
+    return open;
+}
+
+/// Lines of the log that tell an operation's outcome.
+std::ptrdiff_t outcomes(Shop& shop, const std::string& key) {
+    return std::ranges::count_if(shop.logLines(), [&](const std::string& line) {
+        return line.find("[" + key + "]") != std::string::npos &&
+               line.find(" UNKNOWN ") == std::string::npos;
+    });
+}
+
+/// After the next start of a shop whose journal has lost its end, what the journal still calls open
+/// has its line in the log, and nothing has two. What it no longer knows stays unknown in the log.
+void judgeCutJournal(std::size_t length) {
+    Shop shop;
+    shop.files.contents = day().files;
+    shop.keys = 100;
+    shop.files.contents[kJournal].resize(length);
+    const std::string journal = shop.files.contents[kJournal];
+    require(decodeRecords(journal).records.size() == lines(journal), "whole lines are read");
+    const auto open = openIn(journal);
+    const auto unknown = openIn(day().files.at(kJournal));
+    shop.restart();
+    require(openIn(shop.files.contents[kJournal]).empty(), "nothing stays open");
+    require(shop.submissions == 0, "nothing is charged again");
+    for (const LedgerEntry& entry : day().entries) {
+        const bool isForgotten = unknown.count(entry.key) != 0 && open.count(entry.key) == 0;
+        require(outcomes(shop, entry.key) == (isForgotten ? 0 : 1), "one line tells the outcome");
+    }
+    chargeOn(shop);
+}
+
 } // namespace
+
+namespace tollvane::test {
+std::vector<CutFile> cutFiles() {
+    return {{"ledger", day().files.at(kLedger).size(), 1, judgeCutLedger},
+            {"journal", day().files.at(kJournal).size(), 1, judgeCutJournal}};
+}
+} // namespace tollvane::test
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     test::Script script(data, size);

@@ -6,6 +6,7 @@
 #include "components/hostdata/store/StoreCare.h"
 #include "components/hostdata/tests/TestSupport.h"
 #include "tests/fuzz/Damage.h"
+#include "tests/fuzz/EveryCut.h"
 
 #include <fstream>
 #include <iterator>
@@ -147,7 +148,23 @@ void judge() {
     }
 }
 
+/// The store has lost its end.
+void judgeCut(std::size_t length) {
+    // An empty file is a new store.
+    if (length > 0) {
+        file().write(sound().content.substr(0, length));
+        require(!isFoundSound(), "a lost end is told");
+        judge();
+    }
+}
+
 } // namespace
+
+namespace tollvane::test {
+std::vector<CutFile> cutFiles() {
+    return {{"store", sound().content.size(), 997, judgeCut}};
+}
+} // namespace tollvane::test
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     test::Script script(data, size);
