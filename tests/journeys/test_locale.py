@@ -1,4 +1,5 @@
-"""The shipped program where money is written in other ways: the same keys, the same amount."""
+"""The shipped program where money is written in other ways: the amount that the box shows when it
+is left is the amount of the charge."""
 
 import dataclasses
 
@@ -9,6 +10,8 @@ from harness.cards import CARD
 
 INTERNATIONAL = r"HKCU\Control Panel\International"
 COMMA = {"sDecimal": ",", "sThousand": ".", "sMonDecimalSep": ",", "sMonThousandSep": "."}
+# The keys are those of 1234.56. Where a currency has no decimals the box shows a whole amount once it
+# is left, and what the operator sees is what is charged: never the cents that are no longer there.
 MANNERS = {
     "decimal comma, symbol behind": (
         {**COMMA, "sCurrency": "EUR", "iCurrency": "3", "iNegCurr": "8"},
@@ -23,7 +26,7 @@ MANNERS = {
 
 
 @pytest.mark.parametrize("manner", MANNERS)
-def test_a_charge_is_posted_as_it_was_keyed(till, counter, prefix, manner):
+def test_a_charge_is_posted_as_it_was_shown(till, counter, prefix, manner):
     settings, shown, posted = MANNERS[manner]
     for name, text in settings.items():
         prefix.run("reg", "add", INTERNATIONAL, "/v", name, "/d", text, "/f")
