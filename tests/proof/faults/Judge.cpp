@@ -154,9 +154,8 @@ void Judge::fields() {
 void Judge::life(const std::vector<Message>& shown, const Call& call, const Mode& mode) {
     if (rig_.till.isOpen()) {
         // A number that is not 0 is the environment's yes.
-        const bool saidYes =
-            mode.how == Mode::How::answers &&
-            (call.name == "login.Login" || call.name == "environment.HasSecurity");
+        const bool saidYes = mode.how == Mode::How::answers &&
+                             (call.name == "login.Login" || call.name == "environment.HasSecurity");
         wrongUnless(!scenario_.isRefused || saidYes, "the operator was let in");
         return;
     }
