@@ -172,6 +172,8 @@ private:
     /// "1000000001, ", or nothing when it cannot be read.
     std::string approvedId();
     void finishSubmission() noexcept;
+    /// To a button that can be pressed next, when nobody has the focus.
+    void giveFocusBack() noexcept;
     /// Sends the focus back to the control that it just left for one that must not keep it.
     void returnFocusFrom(Control& left);
 

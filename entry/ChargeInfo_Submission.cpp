@@ -174,15 +174,19 @@ std::string ChargeInfo::approvedId() {
 }
 
 void ChargeInfo::finishSubmission() noexcept {
-    constexpr int kTries = 2;
     EnableForm(true);
-    // Switching the controls off took the focus from the button that was pressed.
-    for (int i = 0; i < kTries && form_->activeControl() == nullptr; ++i) {
-        try {
+    giveFocusBack();
+    giveFocusBack(); // where the first try failed
+}
+
+void ChargeInfo::giveFocusBack() noexcept {
+    try {
+        // Switching the controls off took the focus from the button that was pressed.
+        if (form_->activeControl() == nullptr) {
             (transactionApproved_ ? controls_.cmdCancel : controls_.cmdSubmit).setFocus();
-        } catch (...) {
-            // Once more; then the operator finds the focus with the mouse or Tab.
         }
+    } catch (...) {
+        // The operator finds the focus with the mouse or Tab.
     }
 }
 
