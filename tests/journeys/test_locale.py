@@ -10,8 +10,8 @@ from harness.cards import CARD
 
 INTERNATIONAL = r"HKCU\Control Panel\International"
 COMMA = {"sDecimal": ",", "sThousand": ".", "sMonDecimalSep": ",", "sMonThousandSep": "."}
-# The keys are those of 1234.56. Where a currency has no decimals the box shows a whole amount once it
-# is left, and what the operator sees is what is charged: never the cents that are no longer there.
+# The keys are those of 1234.56. Where a currency has no decimals the box shows a whole amount once
+# it is left, and what the operator sees is what is charged.
 MANNERS = {
     "decimal comma, symbol behind": (
         {**COMMA, "sCurrency": "EUR", "iCurrency": "3", "iNegCurr": "8"},
