@@ -43,8 +43,8 @@ def build_library():
 
 
 class Fault:
-    """One thing that goes wrong: what, at which change of which files, once or from there on, in the
-    programs themselves or in Wine's server, which makes, renames and deletes files for them."""
+    """One thing that goes wrong: what, at which change of which files, once or from there on, in
+    the programs themselves or in Wine's server, which opens and makes files for them."""
 
     def __init__(self, kind, files, first, last=None, who="program"):
         self.kind, self.files, self.who = kind, files, who
@@ -168,7 +168,7 @@ class Shop:
         return said.read_text(encoding="latin-1").splitlines()
 
     def system_died(self, fault):
-        """Whether Wine's server met its end. Its programs may wait for it for ever: they end, too."""
+        """Whether Wine's server met its end. Its programs may wait for it for ever: they end too."""
         if not (fault.kills() and fault.who == "wine" and self.disk.has_struck()):
             return False
         self.end_processes()
@@ -196,8 +196,8 @@ class Shop:
         shutil.copytree(self.kept, self.data)
 
     def was_met(self, fault):
-        """Whether the last run met its fault, and ended of one that kills. The host data server may
-        be a little behind."""
+        """Whether the last run met its fault, and ended of one that kills. The host data server
+        may be a little behind."""
         try:
             until("the fault", self.disk.has_killed if fault.kills() else self.disk.has_struck,
                   patience=3)
@@ -284,7 +284,7 @@ class Shop:
         return found
 
     def check_told(self, again):
-        """What the last start told: exactly the payment that is missing, and that it was recorded."""
+        """What the last start told: the payment that is missing, and that it was recorded."""
         lines = dict(line.split(" ", 1) if " " in line else (line, "") for line in again)
         told = lines.get("missing", "?").strip()
         right = (lines.get("recorded") == "1" and "31.40" in told and "****1881" in told
@@ -304,7 +304,7 @@ class NewShop(Shop):
 
 
 def places(changes):
-    """Where something can go wrong: (whose files, by whom, [(number of the change, what it is)])."""
+    """Where something can go wrong: (whose files, by whom, [(number of a change, what it is)])."""
     for files, who in itertools.product((CHARGE_FILES, STORE_FILES), ("program", "wine")):
         mine = [change.what for change in changes
                 if change.who == who and change.name.startswith(files)]

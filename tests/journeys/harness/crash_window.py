@@ -35,7 +35,8 @@ class WindowShop(Shop):
     def prepare(self):
         super().prepare()
         self.end_everything()
-        self.play(lambda counter, said: (counter.start(), counter.finish()))
+        said = self.play(lambda counter, said: (counter.start(), counter.finish()))
+        assert not said, said
 
     def drive(self, fault, *arguments):
         """A day with one payment: what the staff see, in lines; after a fault there are no more."""
@@ -77,15 +78,16 @@ class WindowShop(Shop):
         return books.read(copy)
 
     def play(self, steps):
-        """Plays some steps from the program's start; the lines that they say."""
+        """Plays steps from the program's start; the lines that they say, and where they stopped
+        without a fault."""
         said = []
         till = EndingTill(self)
         try:
             steps(Counter(till), said)
-        except (Struck, RuntimeError, AssertionError, OSError):
+        except (Struck, RuntimeError, AssertionError, OSError) as error:
             # Whatever fails behind the kill fails because of it.
             if not self.disk.has_struck():
-                raise
+                said.append(f"it stopped at {error}")
         finally:
             self.end_processes()
             till.close()
