@@ -134,10 +134,9 @@ def sleeping_tests():
 
 def tests_or_plays_them(name):
     """A source of a test or of a ring; the kept inputs of the fuzz targets are neither."""
-    return bool(re.search(r"(^|/)tests/|^tools/rings/|^tools/(gtest|journeylib|proven|ringlib)\.py$",
-                          name)
-                and re.search(r"\.(c|cpp|h|py|vbs|js|ps1|sh|bat|cmd|txt|cmake)$|^tools/rings/", name)
-                and "/corpus/" not in name)
+    plays = r"(^|/)tests/|^tools/rings/|^tools/(gtest|journeylib|proven|ringlib)\.py$"
+    source = r"\.(c|cpp|h|py|vbs|js|ps1|sh|bat|cmd|txt|cmake)$|^tools/rings/"
+    return bool(re.search(plays, name) and re.search(source, name)) and "/corpus/" not in name
 
 
 def machine_paths():

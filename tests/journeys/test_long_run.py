@@ -5,7 +5,7 @@ TOLLVANE_LONG_RUN sets how many; TOLLVANE_PROOF names a folder for the list of w
 import os
 import pathlib
 
-from harness import cards, footprint, objects, payments
+from harness import cards, footprint, objects, payments, processes
 from harness.reader import Reader
 from harness.waiting import until
 
@@ -22,7 +22,7 @@ SERVER = "dcZenda32.exe"
 # short one sees mostly what is there once.
 SPARE = {"handles": 6, "server's handles": 6, "gdi": 6, "windows": 0, "threads": 4,
          "charge objects": 0, "environment objects": 0, "server's objects": 0}
-GROWTH = dict.fromkeys((PROGRAM, SERVER), 1024 if TRANSACTIONS >= 1000 else 2048)
+GROWTH = dict.fromkeys((PROGRAM, SERVER), 1024 if TRANSACTIONS >= 500 else 2048)
 
 
 def burst(number):
@@ -70,12 +70,14 @@ def held(till, prefix):
             "charge objects": objects.alive(prefix, PROGRAM, "zendacard.dll"),
             "environment objects": objects.alive(prefix, PROGRAM, "habitat.dll"),
             "server's objects": objects.alive(prefix, SERVER, SERVER),
-            **{name: footprint.private_kb(prefix, name) for name in GROWTH}}
+            **{name: processes.private_kb([processes.process_of(prefix, name)])
+               for name in GROWTH}}
 
 
 def growth(samples, name):
-    """What a figure grew by over the samples: twice as much as from the lowest of their first half to
-    the lowest of their second, for some memory is taken and given back soon."""
+    """What a figure grew by over the samples: twice as much as from the lowest of their first half
+    to the lowest of their second, for some memory is given back late: a thread's stack when the next
+    thread ends."""
     half = len(samples) // 2
     lowest = [min(one[name] for one in some) for some in (samples[:half], samples[half:])]
     return 2 * (lowest[1] - lowest[0])

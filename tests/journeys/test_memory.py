@@ -15,6 +15,7 @@ DELETIONS = (("Home", "shift+End", "Delete"), ("End", *["BackSpace"] * len(FIRST
 BOXES = ("txtCardNumber", "txtCardCode", "txtMagStripe", "txtKbBuffer")
 PROGRAMS = ("Tollvane.exe", "dcZenda32.exe")
 # The steps after which the memory is searched.
+ON_FORM = "keying a card and its code, which are still on the form"
 CLEARED = "ClearText"
 BEGUN = "the beginning of the next transaction with another card"
 SWIPED = "a swipe over a swipe"
@@ -92,8 +93,10 @@ def held(till, open_counter, prefix):
 
 def test_a_keyed_card_is_gone_when_the_next_entry_begins(till, open_counter, held):
     open_counter.fill_charge("42.50", "2.50", card=FIRST)
-    there = [copy.text for copy in held.copies()]
-    assert FIRST.number in there and "card code" in there, "the search finds what is on the form"
+    there = held.copies()
+    note(ON_FORM, PROGRAMS[0], 0, there)
+    found = [copy.text for copy in there]
+    assert FIRST.number in found and "card code" in found, "the search finds what is on the form"
     open_counter.submit()
     till.form()
     till.click_into("txtDescription")

@@ -2,12 +2,13 @@
 
 import contextlib
 import subprocess
+import zlib
 
 import pytest
 
 from harness import memory
 from harness.cards import CARD, SEARCH, SHOWN, track_end, with_check_digit
-from harness.secrets import CardSearch
+from harness.secrets import CardSearch, unpacked
 
 LENGTHS = range(12, 20)
 DIGITS = "457318260946285173"
@@ -143,6 +144,12 @@ def test_a_packed_part_of_eight_digits_is_found(encode, size):
         for at in range(length - size + 1):
             planted = b"\x7f" + encode(whole[at:at + size]) + b"\xfe"
             assert CardSearch([whole]).finds(planted) == ["packed digits"], whole[at:]
+
+
+@pytest.mark.parametrize("pack", [bytes, zlib.compress])
+def test_a_number_in_a_part_of_a_document_is_found(pack):
+    part = pack(b"BT (" + CARD.number.encode() + b") Tj ET")
+    assert SEARCH.finds(unpacked(b"<</Length 1>>\nstream\n" + part + b"\nendstream\nendobj"))
 
 
 @pytest.mark.parametrize("planted, finding", [

@@ -1,5 +1,5 @@
-"""How many objects of a component are alive in a process: the component's own count of what keeps it
-loaded, read from outside where the linker's map says that it lies."""
+"""How many objects of a component are alive in a process: the component's own count of what keeps
+it loaded, read from outside where the linker's map says that it lies."""
 
 import pathlib
 import re

@@ -2,12 +2,14 @@
 
 import re
 import subprocess
+import zlib
 
 SHORTEST = 8  # digits in a row that are too many to be left
 # What may stand between the digits: the zeros of wider characters, and what people group them by.
 BETWEEN = b"\0 \t\r\n\\-.,"
 # Digits as text of hexadecimal bytes, in which the registry's files show binary values.
 SPELLED = rb"(?:3[0-9](?:00)*){%d,}"
+STREAM = re.compile(rb"\bstream\r?\n(.*?)\r?\nendstream\b", re.DOTALL)
 SPELLED_DIGIT = re.compile(rb"3([0-9])(?:00)*")
 
 
@@ -24,7 +26,7 @@ class CardSearch:
         self._digits = re.compile(rb"[0-9]{%d,}" % shortest)
         self._spelled = re.compile(SPELLED % shortest)
         self._packed = {bytes.fromhex(window) for row in both_ways
-                        for window in windows(row, shortest_packed, shortest_packed // 2)}
+                        for window in windows(row, shortest_packed) if is_varied(window)}
         self._codes = [(forms(code), word(code)) for code in codes]
 
     def finds(self, content):
@@ -61,12 +63,16 @@ def packings(content):
         yield (int.from_bytes(view, "big") << 4).to_bytes(len(view) + 1, "big")
 
 
-def windows(digits, length, most_alike=None):
-    """Every part of that length which is no mere repetition of one digit, as any file holds it: at
-    most all but two, or that many, of its digits are the same. (Packed, parts with more of them are
-    found in the pictures that every program brings.)"""
+def windows(digits, length):
+    """Every part of that length which is no mere repetition of one digit, as any file holds it."""
     parts = [digits[at:at + length] for at in range(len(digits) - length + 1)]
-    return [part for part in parts if max(map(part.count, part)) <= (most_alike or length - 2)]
+    return [part for part in parts if max(map(part.count, part)) < length - 1]
+
+
+def is_varied(part):
+    """False for a part that stands, when packed, in the pictures that every program brings (more than
+    half of its digits are the same) or in words (it has two or three digits: "UUDD")."""
+    return max(map(part.count, part)) <= len(part) // 2 and len(set(part)) > 3
 
 
 def forms(code):
@@ -82,12 +88,26 @@ def word(code):
 
 
 def content_of(path):
-    """What a file holds; of a printed document the text too."""
+    """What a file holds; a printed document inflated, and its text too."""
     content = path.read_bytes()
     if content.startswith(b"%PDF"):
+        content = unpacked(content)
         content += subprocess.run(["pdftotext", "-layout", str(path), "-"], check=True,
                                   capture_output=True).stdout
     return content
+
+
+def unpacked(document):
+    """A document with its deflated parts inflated; any four bytes stand in those by chance."""
+    return STREAM.sub(lambda part: inflated(part.group(1)), document)
+
+
+def inflated(part):
+    """What a part of a document holds, as it is when it was not deflated."""
+    try:
+        return zlib.decompressobj().decompress(part)
+    except zlib.error:
+        return part
 
 
 def left_behind(prefix, template):
