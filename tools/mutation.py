@@ -3,6 +3,7 @@ and runs the tests that are about it, until one fails."""
 
 import collections
 import concurrent.futures
+import itertools
 import os
 import pathlib
 import re
@@ -149,12 +150,12 @@ def control(workshop, mutants):
     for name, *_ in mutants:
         samples.setdefault((*workshop.programs(name), name.endswith(".h")), name)
 
-    def try_unchanged(name):
+    def try_unchanged(number, name):
         text = (ringlib.TOP / name).read_text(encoding="utf-8")
-        return workshop.try_mutant((name, 0, "nothing", text), f"control-{stem(name)}")
+        return workshop.try_mutant((name, 0, "nothing", text), f"control{number}")
 
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        ends = zip(samples.values(), pool.map(try_unchanged, samples.values()))
+        ends = zip(samples.values(), pool.map(try_unchanged, itertools.count(), samples.values()))
     return [f"{name}, unchanged: {end}" for name, end in ends if end != "survived"]
 
 

@@ -82,6 +82,11 @@ TEST_F(OperatorTest, NamesAndPasswordsAreChecked) {
     EXPECT_EQ(operators.count(), 0);
 }
 
+TEST_F(OperatorTest, TheShortestPasswordIsTaken) {
+    operators.createFirst({"Anna", "Reed", "anna"}, secret("eight-88"));
+    EXPECT_EQ(operators.signIn("anna", secret("eight-88")).who.firstName, "Anna");
+}
+
 TEST_F(OperatorTest, TheLongestNamesAndPasswordsAreTaken) {
     std::string name;
     for (int i = 0; i < 40; ++i)
