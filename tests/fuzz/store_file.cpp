@@ -148,12 +148,14 @@ void judge() {
     }
 }
 
-/// The store has lost its end.
+/// The store has lost its end: that is told, or no payment misses anything. A last page can do
+/// without zeros at its end, but never without all of it.
 void judgeCut(std::size_t length) {
+    constexpr std::size_t kPage = 4096;
     // An empty file is a new store.
     if (length > 0) {
         file().write(sound().content.substr(0, length));
-        require(!isFoundSound(), "a lost end is told");
+        require(length % kPage != 0 || !isFoundSound(), "a lost page is told");
         judge();
     }
 }
