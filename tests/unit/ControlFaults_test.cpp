@@ -10,6 +10,10 @@ constexpr long kNumber = 7;
 constexpr const char* kTrack = "%B4111111111111111^SMITH/JOHN^2712101000000?";
 constexpr int kAPause = 400; // milliseconds, longer than any inside a swipe
 
+std::string failedChange(Till& till, int nth) {
+    return "failed change " + std::to_string(nth) + ": " + till.desktop.faults.failedCall();
+}
+
 /// The operator can press every button and choose every type.
 void expectAllChoices(Till& till) {
     for (const char* button : {"cmdSubmit", "cmdModify", "cmdCancel"}) {
@@ -30,8 +34,7 @@ TEST(ControlFaults, OfASubmissionNeverChargeTwiceNorLeaveTheHourglass) {
         till.submit();
 
         const bool reached = till.desktop.faults.reached();
-        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
-                     till.desktop.faults.failedCall());
+        SCOPED_TRACE(failedChange(till, nth));
         till.desktop.faults.clear();
         EXPECT_LE(till.operations().size(), 1U);
         EXPECT_EQ(till.form().mousePointer(), MousePointer::standard);
@@ -62,8 +65,7 @@ TEST(ControlFaults, OfARefusalLeaveEveryButtonUsable) {
         till.submit();
 
         const bool reached = till.desktop.faults.reached();
-        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
-                     till.desktop.faults.failedCall());
+        SCOPED_TRACE(failedChange(till, nth));
         till.desktop.faults.clear();
         till.boxes();
         expectAllChoices(till);
@@ -82,8 +84,7 @@ TEST(ControlFaults, OfAnotherTypeLeaveItsFieldsAsTheTypeAsks) {
         till.choose(0);
 
         const bool reached = till.desktop.faults.reached();
-        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
-                     till.desktop.faults.failedCall());
+        SCOPED_TRACE(failedChange(till, nth));
         till.desktop.faults.clear();
         till.boxes();
         for (const char* field : {"txtCardName", "txtCardNumber", "txtCardCode", "txtAmount",
@@ -126,8 +127,7 @@ TEST(ControlFaults, OfAFormattedFieldStopNobodyFromTyping) {
         till.desktop.robot->typeText("two chairs");
 
         const bool reached = till.desktop.faults.reached();
-        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
-                     till.desktop.faults.failedCall());
+        SCOPED_TRACE(failedChange(till, nth));
         till.desktop.faults.clear();
         till.boxes();
         EXPECT_EQ(till.text("txtDescription"), "two chairs");
@@ -149,8 +149,7 @@ TEST(ControlFaults, OfASwipeCostNoKeyOfTheAmountBehindIt) {
         hands.letTimePass(kAPause);
 
         const bool reached = till.desktop.faults.reached();
-        SCOPED_TRACE("failed change " + std::to_string(nth) + ": " +
-                     till.desktop.faults.failedCall());
+        SCOPED_TRACE(failedChange(till, nth));
         till.desktop.faults.clear();
         till.boxes();
         hands.click(till.form(), "txtAmount");

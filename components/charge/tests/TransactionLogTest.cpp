@@ -147,12 +147,18 @@ TEST(TransactionLog, EveryLineEndsWithAChecksumOfTheRest) {
     }
 }
 
+// The operation key in the first line of a log that tells one.
+std::string firstKey(const std::string& log) {
+    const std::size_t start = log.find("[KEY") + 1;
+    return log.substr(start, log.find(']') - start);
+}
+
 TEST(TransactionLog, AnOutcomeWhoseLineIsDamagedIsToldAgain) {
     Shop shop;
     ASSERT_TRUE(shop.charge("12.50"));
     std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
     TransactionLog reader(shop.files, "logs/ZENDACARD.LOG");
-    const std::string key = log.substr(log.find("[KEY") + 1, log.find(']') - log.find("[KEY") - 1);
+    const std::string key = firstKey(log);
     EXPECT_TRUE(reader.hasOutcome(key));
     log[log.find("12.50")] = '2';
     EXPECT_FALSE(reader.hasOutcome(key));
@@ -163,7 +169,7 @@ TEST(TransactionLog, AnOutcomeWhoseLineLacksItsEndIsToldAgain) {
     ASSERT_TRUE(shop.charge("12.50"));
     std::string& log = shop.files.contents["logs/ZENDACARD.LOG"];
     TransactionLog reader(shop.files, "logs/ZENDACARD.LOG");
-    const std::string key = log.substr(log.find("[KEY") + 1, log.find(']') - log.find("[KEY") - 1);
+    const std::string key = firstKey(log);
     ASSERT_TRUE(reader.hasOutcome(key));
     log.resize(log.size() - 2);
     EXPECT_FALSE(reader.hasOutcome(key));
