@@ -49,6 +49,23 @@ def program_of(number):
     return name.replace("\\", "/").rpartition("/")[2]
 
 
+def described(prefix):
+    """Every process of a prefix, with what each of its threads waits for in the system."""
+    return {f"{program_of(number)} {number}": waits(number) for number in of_prefix(prefix)}
+
+
+def waits(number):
+    """State and place of waiting of each thread of a process, such as "S pipe_read"."""
+    tasks = pathlib.Path(f"/proc/{number}/task")
+    try:
+        names = [f"{number}/task/{task.name}" for task in tasks.iterdir()]
+    except OSError:
+        return []
+    states = [read(name, "stat").rpartition(b")")[2].split()[:1] for name in names]
+    return [b" ".join([*state, read(name, "wchan")]).decode("ascii", "replace")
+            for name, state in zip(names, states)]
+
+
 def command(number):
     """The command line of a process, as one text."""
     return read(number, "cmdline").replace(b"\0", b" ").decode("utf-8", "replace")

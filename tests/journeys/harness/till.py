@@ -2,7 +2,7 @@
 
 import pathlib
 
-from . import cards
+from . import cards, processes
 from .probe import Probe
 from .waiting import until
 
@@ -66,13 +66,17 @@ class Till:
         """Their titles."""
         return [w.text for w in self.windows()]
 
+    def seen(self):
+        """What stands there, for whoever waits in vain: without a window, what the processes do."""
+        return self.titles() or processes.described(self.prefix)
+
     def window(self, title, patience=30):
         """Waits for the window of that title and for the keyboard to be there."""
         def there():
             return next((w for w in self.windows()
                          if w.text == title and w.foreground and self.display.types_into(w.xid)),
                         None)
-        return until(f"the window {title!r}", there, patience, otherwise=self.titles)
+        return until(f"the window {title!r}", there, patience, otherwise=self.seen)
 
     def form(self, test_mode=None):
         """Waits for the transaction form to be in front; `test_mode` also awaits its caption."""
@@ -83,7 +87,7 @@ class Till:
                     shows = window.text == FORM_TITLE + TEST_MODE
                     return window if test_mode in (None, shows) else None
             return None
-        return until("the transaction form", there, otherwise=self.titles)
+        return until("the transaction form", there, otherwise=self.seen)
 
     def has_window(self, title):
         """True when a window of that title shows now."""
@@ -104,7 +108,7 @@ class Till:
         """The window that has the keyboard."""
         return until("a window in front",
                      lambda: next((w for w in self.windows() if w.foreground), None),
-                     otherwise=self.titles)
+                     otherwise=self.seen)
 
     def focused(self):
         """The name of the control that has the caret."""
@@ -135,7 +139,7 @@ class Till:
     def crash(self):
         """Ends the program by an access violation."""
         self._probe.crash(self.form()["pid"])
-        self.wait("the end of the program", lambda: not self.windows(), otherwise=self.titles)
+        self.wait("the end of the program", lambda: not self.windows(), otherwise=self.seen)
 
     # Hands
 
@@ -218,4 +222,4 @@ class Till:
     def await_menu(self):
         """Waits for an open menu."""
         until("an open menu",
-              lambda: any(w["class"] == "#32768" for w in self.windows()), otherwise=self.titles)
+              lambda: any(w["class"] == "#32768" for w in self.windows()), otherwise=self.seen)
