@@ -9,12 +9,17 @@ namespace tollvane {
 
 namespace {
 constexpr std::size_t kShownDigits = 4;
+
+void zero(char* bytes, std::size_t size) {
+    std::fill_n(bytes, size, '\0');
+}
 } // namespace
 
 void wipeMemory(void* memory, std::size_t size) noexcept {
-    std::fill_n(static_cast<char*>(memory), size, '\0');
-    // Says that the bytes are looked at, so that they are written even when nobody reads them.
-    asm volatile("" : : "r"(memory) : "memory");
+    // Through a pointer that no compiler sees through: the bytes are written even when nobody reads
+    // them.
+    void (*const volatile unseen)(char*, std::size_t) = &zero;
+    unseen(static_cast<char*>(memory), size);
 }
 
 void wipe(std::string& text) noexcept {
