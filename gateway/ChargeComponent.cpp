@@ -1,7 +1,6 @@
 #include "gateway/ChargeComponent.h"
 
 #include "platform/LocaleStyle.h"
-#include "platform/NumberText.h"
 
 #include <utility>
 
@@ -13,16 +12,6 @@ namespace {
 Money moneyOf(const Variant& answer, Locale& locale) {
     const auto* amount = std::get_if<Money>(&answer);
     return amount != nullptr ? *amount : asMoney(answer, moneyStyle(locale));
-}
-
-/// Only a truth value tells what came of an operation. Anything else may come of a charge that went
-/// through: read as "no" it would be shown as a decline, read as "yes" the goods would leave.
-bool outcomeOf(const Variant& answer) {
-    const auto* approved = std::get_if<bool>(&answer);
-    if (approved == nullptr) {
-        raiseTypeMismatch();
-    }
-    return *approved;
 }
 
 } // namespace
@@ -52,19 +41,19 @@ tollvane::TransactionField ChargeComponent::TransactionField(std::string_view ga
 }
 
 bool ChargeComponent::AuthorizeAndCapture() {
-    return outcomeOf(component_->call("AuthorizeAndCapture"));
+    return asBool(component_->call("AuthorizeAndCapture"));
 }
 
 bool ChargeComponent::CaptureVoiceAuth(const std::string& authorisationCode) {
-    return outcomeOf(component_->call("CaptureVoiceAuth", {{authorisationCode}}));
+    return asBool(component_->call("CaptureVoiceAuth", {{authorisationCode}}));
 }
 
 bool ChargeComponent::Credit(const std::string& transactionId) {
-    return outcomeOf(component_->call("Credit", {{transactionId}}));
+    return asBool(component_->call("Credit", {{transactionId}}));
 }
 
 bool ChargeComponent::Void(const std::string& transactionId) {
-    return outcomeOf(component_->call("Void", {{transactionId}}));
+    return asBool(component_->call("Void", {{transactionId}}));
 }
 
 void ChargeComponent::ConfigureGateway() {

@@ -57,8 +57,8 @@ public:
     void ClearFields();
     tollvane::TransactionField TransactionField(std::string_view gatewayField) const;
 
-    /// The four operations; true is an approval, whatever the response codes say. An answer that is
-    /// no truth value raises 13: the outcome is not known then.
+    /// The four operations; true is an approval, whatever the response codes say, and anything else
+    /// a failure. Numbers are truth values too, true being -1; what cannot be one raises 13.
     bool AuthorizeAndCapture();
     bool CaptureVoiceAuth(const std::string& authorisationCode);
     bool Credit(const std::string& transactionId);

@@ -1,6 +1,6 @@
 // Components that answer anything: values of every type, objects of other components, missing
-// members, errors. Nothing of it escapes a handler, nothing is charged twice, nothing that the
-// processor approved is told as declined, and the next clean charge succeeds.
+// members, errors. Nothing of it escapes a handler, nothing is charged twice, the operator is told
+// what the component answered, and the next clean charge succeeds.
 
 #include "entry/ChargeInfo.h"
 #include "tests/fuzz/Script.h"
@@ -31,10 +31,10 @@ public:
     /// The same, for the answer of an operation.
     Variant outcome(Variant truth) { return spoilt(std::move(truth)); }
 
-    /// The processor's decision about the operation that ran; nothing when none did.
-    std::optional<bool> decision;
-    /// It reached the program as a truth value.
-    bool told = false;
+    /// An operation ran.
+    bool ran = false;
+    /// What its answer says to the program; nothing when it says neither yes nor no.
+    std::optional<bool> told;
 
 private:
     std::size_t next() {
@@ -50,6 +50,14 @@ private:
     bool onlyOutcome_ = false;
 };
 
+std::optional<bool> toldBy(const Variant& answer) {
+    try {
+        return asBool(answer);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
 /// Objects on their way to the program are disturbed too.
 class Disturbed : public AutomationObject {
 public:
@@ -63,11 +71,10 @@ public:
         if (!isOperation) {
             return passed(disturbance_.answer(truth));
         }
-        disturbance_.decision = std::get<bool>(truth);
+        disturbance_.ran = true;
         const Variant answer = disturbance_.outcome(truth);
-        disturbance_.told = std::holds_alternative<bool>(answer);
-        // A truth value that is not true is a lie, which nobody could see through.
-        return disturbance_.told ? truth : passed(answer);
+        disturbance_.told = toldBy(answer);
+        return passed(answer);
     }
     Variant get(std::string_view member, std::vector<Argument> arguments) override {
         return passed(disturbance_.answer(inner_->get(member, std::move(arguments))));
@@ -237,16 +244,15 @@ void fill(Till& till, std::size_t type) {
     }
 }
 
-/// By what the processor decided, whatever became of it on the way.
+/// By what the component answered, whatever the processor decided.
 void requireTruth(DisturbedTill& shop, const std::vector<Message>& boxes) {
-    const bool ran = shop.disturbance.decision.has_value();
-    const bool approved = shop.disturbance.decision.value_or(false);
-    const bool told = shop.disturbance.told;
-    require(shop.till.program().TransactionApproved() == (approved && told),
-            "approved is what was told so");
+    const std::optional<bool>& told = shop.disturbance.told;
+    const bool approved = told.value_or(false);
+    require(shop.till.program().TransactionApproved() == approved, "approved is what was told so");
     require(!approved || !hasBox(boxes, "Authorization Failed"), "an approval is not a decline");
     require(approved || !hasBox(boxes, "Approved"), "nothing else is an approval");
-    require(!ran || told || shop.till.status().starts_with("See the transaction log: "),
+    require(!shop.disturbance.ran || told.has_value() ||
+                shop.till.status().starts_with("See the transaction log: "),
             "an outcome that is not known stays in sight");
 }
 
@@ -260,8 +266,8 @@ void submitDisturbed(DisturbedTill& shop, const Submission& submission) {
     }
     const std::size_t operations = till.operations().size();
     const std::size_t posted = till.desktop.hostData.posted.size();
-    shop.disturbance.decision.reset();
-    shop.disturbance.told = false;
+    shop.disturbance.ran = false;
+    shop.disturbance.told.reset();
     shop.disturbance.begin(submission.script, submission.onlyOutcome);
     till.submit();
     shop.disturbance.end();

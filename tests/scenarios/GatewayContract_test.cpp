@@ -61,48 +61,66 @@ TEST_F(GatewayContract, ComponentWithoutAFieldIsReportedAndTheFormStillOpens) {
 struct OperationAnswer {
     const char* what;
     Variant answer;
+    bool approved;
 };
 
 void PrintTo(const OperationAnswer& row, std::ostream* out) {
     *out << row.what;
 }
 
-class OperationResult : public OpenTillTest,
+class OpenGatewayTest : public OpenTillTest {
+protected:
+    void submitWithAnswer(const Variant& answer) {
+        till.fillCharge();
+        till.desktop.charge.script().method(
+            "AuthorizeAndCapture", [answer](std::vector<Argument>&) -> Variant { return answer; });
+        till.submit();
+    }
+};
+
+class OperationResult : public OpenGatewayTest,
                         public ::testing::WithParamInterface<OperationAnswer> {};
 
+// True is an approval, anything else a failure; a component may give its truth as a number.
 TEST_P(OperationResult, DecidesAboutTheApproval) {
-    till.fillCharge();
-    till.desktop.charge.script().method(
-        "AuthorizeAndCapture", [](std::vector<Argument>&) -> Variant { return GetParam().answer; });
+    submitWithAnswer(GetParam().answer);
 
-    till.submit();
+    EXPECT_EQ(till.program().TransactionApproved(), GetParam().approved);
+    EXPECT_EQ(till.boxes().at(0).title, GetParam().approved ? "Approved" : "Authorization Failed");
+}
 
-    const bool* approved = std::get_if<bool>(&GetParam().answer);
-    EXPECT_EQ(till.program().TransactionApproved(), approved != nullptr && *approved);
-    const Message box = till.boxes().at(0);
-    if (approved != nullptr) {
-        EXPECT_EQ(box.title, *approved ? "Approved" : "Authorization Failed");
-        return;
-    }
-    EXPECT_EQ(box, information("", "There was an error getting an approval.\r\n\r\n"
-                                   "Error: 13, Type mismatch"));
+INSTANTIATE_TEST_SUITE_P(
+    Of, OperationResult,
+    ::testing::Values(OperationAnswer{"True", true, true}, OperationAnswer{"False", false, false},
+                      OperationAnswer{"Empty", std::monostate(), false},
+                      OperationAnswer{"MinusOne", std::int32_t{-1}, true},
+                      OperationAnswer{"Zero", std::int32_t{0}, false},
+                      OperationAnswer{"Fraction", 0.0, false},
+                      OperationAnswer{"NoAmount", Money(), false},
+                      OperationAnswer{"FalseInWords", std::string("False"), false}),
+    [](const auto& row) { return std::string(row.param.what); });
+
+class StrangeOperationResult : public OpenGatewayTest,
+                               public ::testing::WithParamInterface<OperationAnswer> {};
+
+// What is neither yes nor no says nothing about what the processor did.
+TEST_P(StrangeOperationResult, IsAnErrorOfTheSubmissionAndStaysInSight) {
+    submitWithAnswer(GetParam().answer);
+
+    EXPECT_EQ(till.boxes(), (std::vector<Message>{
+                                information("", "There was an error getting an approval.\r\n\r\n"
+                                                "Error: 13, Type mismatch")}));
+    EXPECT_FALSE(till.program().TransactionApproved());
     EXPECT_TRUE(till.status().starts_with("See the transaction log: authorization of "))
         << till.status();
     till.expectUsable();
 }
 
-// Whatever is no truth value says nothing about what the processor did.
 INSTANTIATE_TEST_SUITE_P(
-    Of, OperationResult,
-    ::testing::Values(OperationAnswer{"True", true}, OperationAnswer{"False", false},
-                      OperationAnswer{"Empty", std::monostate()},
-                      OperationAnswer{"Nothing", ObjectRef()},
-                      OperationAnswer{"MinusOne", std::int32_t{-1}},
-                      OperationAnswer{"Zero", std::int32_t{0}}, OperationAnswer{"Fraction", 0.0},
-                      OperationAnswer{"NoAmount", Money()},
-                      OperationAnswer{"Date", DateTime{.year = 2026, .month = 2, .day = 3}},
-                      OperationAnswer{"FalseInWords", std::string("False")},
-                      OperationAnswer{"Perhaps", std::string("perhaps")}),
+    Of, StrangeOperationResult,
+    ::testing::Values(OperationAnswer{"Nothing", ObjectRef(), false},
+                      OperationAnswer{"Date", DateTime{.year = 2026, .month = 2, .day = 3}, false},
+                      OperationAnswer{"Perhaps", std::string("perhaps"), false}),
     [](const auto& row) { return std::string(row.param.what); });
 
 TEST_F(GatewayContract, OperationThatRaisesIsReportedAndTheFormIsUsable) {

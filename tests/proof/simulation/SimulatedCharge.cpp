@@ -228,7 +228,8 @@ void SimulatedCharge::addOperation(const std::string& name, Operation operation)
         raised = true;
         const Variant result =
             run(name, operation, arguments.empty() ? std::string() : asText(arguments[0].value));
-        raised = !std::holds_alternative<bool>(result); // the outcome is not known then either
+        asBool(result); // raises for what the program cannot take for an answer either
+        raised = false;
         return result;
     });
 }
