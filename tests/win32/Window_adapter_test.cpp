@@ -7,6 +7,7 @@
 #include "platform/win32/Win32ProgramFacts.h"
 #include "tests/scenarios/ScenarioTest.h"
 #include "tests/scenarios/TracedForm.h"
+#include "tests/win32/MemorySearch.h"
 #include "tests/win32/WindowForms.h"
 
 #include <gtest/gtest.h>
@@ -142,54 +143,6 @@ TEST_F(WindowAdapter, AHeldSpacePressesAButtonOnce) {
     EXPECT_EQ(traced.take(), "cmdPress_Click");
 }
 
-/// How often a text stands in this process's writable memory, narrow or wide. The text comes in
-/// two halves, so that the search does not find its own.
-class MemorySearch {
-public:
-    MemorySearch(const char* head, const char* tail) : head_(head), tail_(tail) {}
-
-    int count() const {
-        int found = 0;
-        MEMORY_BASIC_INFORMATION region{};
-        const char* at = nullptr;
-        while (VirtualQuery(at, &region, sizeof region) == sizeof region) {
-            at = static_cast<const char*>(region.BaseAddress) + region.RegionSize;
-            const bool readable = region.State == MEM_COMMIT && region.Type == MEM_PRIVATE &&
-                                  (region.Protect & PAGE_READWRITE) != 0 &&
-                                  (region.Protect & PAGE_GUARD) == 0;
-            if (readable) {
-                found += countIn(static_cast<const char*>(region.BaseAddress), region.RegionSize);
-            }
-        }
-        return found;
-    }
-
-private:
-    int countIn(const char* memory, std::size_t size) const {
-        int found = 0;
-        for (const std::size_t width : {sizeof(char), sizeof(wchar_t)}) {
-            const std::size_t needed = (head_.size() + tail_.size()) * width;
-            for (std::size_t at = 0; at + needed <= size; ++at) {
-                found += matches(memory + at, width) ? 1 : 0;
-            }
-        }
-        return found;
-    }
-    bool matches(const char* memory, std::size_t width) const {
-        const std::size_t size = head_.size() + tail_.size();
-        for (std::size_t i = 0; i < size; ++i) {
-            const char wanted = i < head_.size() ? head_[i] : tail_[i - head_.size()];
-            if (memory[i * width] != wanted || (width == 2 && memory[i * width + 1] != 0)) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    std::string_view head_;
-    std::string_view tail_;
-};
-
 TEST_F(WindowAdapter, AWipedTextIsGoneFromTheWholeProcess) {
     const MemorySearch search("4012", "8888");
     traced.show();
@@ -247,29 +200,26 @@ public:
         }
     }
 
-    /// How many of them hold a text, in wide characters.
-    int countOf(std::wstring_view text) const {
-        return static_cast<int>(std::count_if(blocks_.begin(), blocks_.end(), [&](void* block) {
-            const std::wstring_view content(static_cast<const wchar_t*>(block),
-                                            HeapSize(GetProcessHeap(), 0, block) / sizeof(wchar_t));
-            return content.find(text) != std::wstring_view::npos;
-        }));
-    }
-
 private:
     std::vector<void*> blocks_;
 };
 
 TEST_F(WindowAdapter, WhatIsAllocatedWhileANumberIsKeyedTakesUpNothingOfIt) {
+    // Behind what a freed block's links overwrite; no other test types these digits.
+    const MemorySearch search("2086", "4937");
     traced.show();
     traced.watch(0);
     UnfilledBlocks others;
-    for (const char digit : std::string_view("46039157208649378")) {
-        SendMessageA(windowOf("txtFirst"), WM_CHAR, static_cast<WPARAM>(digit), 1);
+    for (const char* half : {"46039157", "20864937"}) {
+        for (const char* digit = half; *digit; ++digit) {
+            SendMessageA(windowOf("txtFirst"), WM_CHAR, static_cast<WPARAM>(*digit), 1);
+        }
     }
+    SendMessageA(windowOf("txtFirst"), WM_CHAR, '8', 1);
     others.take();
-    // The digits behind those that a freed block's links overwrite.
-    EXPECT_EQ(others.countOf(L"20864937"), 0);
+    ASSERT_GT(search.count(), 0);
+    traced.box("txtFirst").wipeText();
+    EXPECT_EQ(search.count(), 0);
 }
 
 /// Looks at the message box that is open and answers it with a key, from inside its own loop.
