@@ -188,6 +188,7 @@ public:
     virtual void select() = 0;
 };
 
+/// Enabled again while it runs, it starts its time anew.
 class Timer : public Control {
 public:
     virtual int interval() const = 0; ///< milliseconds

@@ -228,6 +228,7 @@ Variant FakeCharge::run(const std::string& name, const std::vector<Argument>& ar
     for (const auto& [field, held] : fields_) {
         operation.fields[field] = held.value;
     }
+    const std::size_t place = operations_.size();
     operations_.push_back(operation);
     if (duringOperation) {
         duringOperation(operation);
@@ -240,6 +241,7 @@ Variant FakeCharge::run(const std::string& name, const std::vector<Argument>& ar
     if (!answers_.empty()) {
         answers_.erase(answers_.begin());
     }
+    operations_[place].approved = response_.approved;
     return response_.approved;
 }
 

@@ -34,6 +34,7 @@ struct ChargeOperation {
     std::string argument;                      ///< approval code or transaction id
     std::map<std::string, Variant> properties; ///< by their names
     std::map<std::string, std::string> fields; ///< by their gateway names
+    bool approved = false;                     ///< what the processor decided about it
 
     Variant property(const std::string& name) const;
     std::string text(const std::string& name) const; ///< of a text property; card data included

@@ -5,10 +5,10 @@
 #include "platform/Error.h"
 #include "platform/Printer.h"
 #include "tests/desktop/FakeRegistry.h"
+#include "tests/proof/faults/Answers.h"
 #include "tests/proof/faults/FaultyObject.h"
 
 #include <array>
-#include <stdexcept>
 
 namespace tollvane::test {
 
@@ -151,70 +151,6 @@ std::optional<Told> toldBy(const Call& call, const Failure& failure) {
     return call.step == sentence::state ? inStateList(failure) : inForm(call.step, failure);
 }
 
-// What members answer, by the last word of the call.
-constexpr std::array kOutcomes{"AuthorizeAndCapture", "CaptureVoiceAuth", "Credit", "Void"};
-constexpr std::array kFlags{"TestMode", "Login", "HasSecurity", "CheckCardNumber"};
-constexpr std::array kNumbers{"ResponseCode", "ResponseReasonCode", "ResponseSubCode",
-                              "cTransactionFields_MaximumLength"};
-constexpr std::array kObjects{"TransactionField", "SafeCreateUIObj", "Options",
-                              "DCObject",         "CurrentUser",     "Item",
-                              "SafeCreateObj"};
-constexpr std::array kAmounts{"Amount", "Tax"};
-
-/// The error that an answer ends in, by what was asked for; 0 where the answer is understood.
-struct Misunderstood {
-    const char* answer;
-    long outcome, flag, number, object, amount, printedCard, text;
-};
-
-constexpr std::array kMisunderstood{
-    Misunderstood{"answers empty", 13, 0, 0, 13, 0, 0, 0},
-    Misunderstood{"answers nothing", 13, 13, 13, 13, 13, 13, 13},
-    Misunderstood{"answers a text", 13, 13, 13, 13, 13, 5, 0},
-    Misunderstood{"answers an empty text", 13, 13, 13, 13, 13, 0, 0},
-    Misunderstood{"answers a long number", 13, 0, 6, 13, 0, 0, 0},
-    Misunderstood{"answers a number", 13, 0, 0, 13, 0, 5, 0},
-    Misunderstood{"answers a negative number", 13, 0, 0, 13, 0, 5, 0},
-    Misunderstood{"answers a broken number", 13, 0, 6, 13, 6, 0, 0},
-    Misunderstood{"answers a date", 13, 13, 13, 13, 13, 0, 0},
-    Misunderstood{"answers an amount", 13, 0, 0, 13, 0, 5, 0},
-    Misunderstood{"answers an object", 13, 13, 13, 438, 13, 13, 13},
-};
-
-template <class Names>
-bool isAmong(const Names& names, const std::string& member) {
-    for (const char* name : names) {
-        if (member == name) {
-            return true;
-        }
-    }
-    return false;
-}
-
-std::string memberOf(const Call& call) {
-    return call.name.substr(call.name.rfind('.') + 1);
-}
-
-long numberOf(const Call& call, const Misunderstood& row) {
-    const std::string member = memberOf(call);
-    if (isAmong(kOutcomes, member)) {
-        return row.outcome;
-    }
-    if (isAmong(kFlags, member)) {
-        return row.flag;
-    }
-    if (isAmong(kNumbers, member)) {
-        return row.number;
-    }
-    if (isAmong(kObjects, member)) {
-        return row.object;
-    }
-    if (isAmong(kAmounts, member)) {
-        return row.amount;
-    }
-    return call.step == sentence::receipt && member == "CardNumber" ? row.printedCard : row.text;
-}
-
 std::string descriptionOf(long number) {
     switch (number) {
     case 5: return "Invalid procedure call or argument";
@@ -228,19 +164,16 @@ std::optional<Failure> failureOfMember(const Call& call, const Mode& mode) {
     if (mode.how != How::answers) {
         return Failure{mode.number, mode.description};
     }
-    for (const Misunderstood& row : kMisunderstood) {
-        if (mode.name == row.answer) {
-            const long number = numberOf(call, row);
-            return number == 0 ? std::nullopt
-                               : std::optional(Failure{number, descriptionOf(number)});
-        }
-    }
-    throw std::logic_error("no row for a member that " + mode.name);
+    const long number = errorOfAnswer(call, mode);
+    return number == 0 ? std::nullopt : std::optional(Failure{number, descriptionOf(number)});
 }
 
 /// Boxes that come of an answer that is understood but not what was meant.
 std::set<std::string> resultsOf(const Call& call) {
     const std::string member = memberOf(call);
+    if (isOperation(call)) {
+        return {"Approved", "Authorization Failed"};
+    }
     if (isOneOf(member, {"Login", "HasSecurity"})) {
         return {""}; // the refusal
     }

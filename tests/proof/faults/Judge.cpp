@@ -1,6 +1,7 @@
 #include "tests/proof/faults/Judge.h"
 
 #include "gateway/TransactionType.h"
+#include "tests/proof/faults/Answers.h"
 
 #include <algorithm>
 #include <sstream>
@@ -73,18 +74,22 @@ void Judge::boxes(const std::vector<Message>& shown, const std::vector<Message>&
     }
 }
 
-void Judge::money(const std::vector<Message>& shown) {
+void Judge::money(const std::vector<Message>& shown, const Call& call, const Mode& mode) {
     const auto& operations = rig_.till.desktop.charge.operations();
     const std::size_t before = rig_.operationsBefore;
     wrongUnless(operations.size() <= before + 1, "charged more than once");
     wrongUnless(rig_.till.desktop.hostData.posted.size() <= operations.size(),
                 "posted more than was charged");
-    const bool approved = operations.size() > before && operations.back().approved;
+    const bool decided = operations.size() > before && operations.back().approved;
+    const Outcome outcome =
+        outcomeSaid(call, mode).value_or(decided ? Outcome::approval : Outcome::failure);
     const auto saw = [&shown](const char* title) {
         return std::ranges::any_of(shown, [&](const Message& box) { return box.title == title; });
     };
-    wrongUnless(!approved || !saw("Authorization Failed"), "an approval was shown as a decline");
-    wrongUnless(approved || !saw("Approved"), "an approval was shown that is none");
+    wrongUnless(outcome == Outcome::failure || !saw("Authorization Failed"),
+                "a decline was shown that is none");
+    wrongUnless(outcome == Outcome::approval || !saw("Approved"),
+                "an approval was shown that is none");
     if (operations.size() == before) {
         return;
     }

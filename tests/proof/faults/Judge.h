@@ -16,9 +16,10 @@ public:
     /// The boxes of the run against those of a run without failures.
     void boxes(const std::vector<Message>& shown, const std::vector<Message>& usual,
                const Call& call, const Mode& mode);
-    /// At most one charge of the right amount, none posted twice; the processor's approval is never
-    /// shown as a decline, and nothing else as an approval.
-    void money(const std::vector<Message>& shown);
+    /// At most one charge of the right amount, none posted twice; what the processor approved, or
+    /// the operation's own answer when that is the failure, is never shown as a decline, and
+    /// nothing else as an approval.
+    void money(const std::vector<Message>& shown, const Call& call, const Mode& mode);
     /// Nothing left a handler; the form's pointer is the usual one, its buttons are enabled, its
     /// fields as the type asks for, the focus is where it can be. No failure is excepted.
     void form();

@@ -89,7 +89,7 @@ std::string Sweep::play(const Run& run) {
     }
     Judge judge(rig, scenario_);
     judge.boxes(shown, boxes_, call, run.mode);
-    judge.money(shown);
+    judge.money(shown, call, run.mode);
     judge.form();
     judge.life(shown, call, run.mode);
     judge.belongings();
