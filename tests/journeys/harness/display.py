@@ -33,8 +33,10 @@ class Display:
     def _start(self):
         read, write = os.pipe()
         self._screen = tempfile.TemporaryDirectory()
-        command = ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self._size}x24",
-                   "-dpi", str(self._dpi), "-nolisten", "tcp", "-fbdir", self._screen.name]
+        # A server that begins anew when its last client leaves refuses whoever comes meanwhile.
+        command = ["Xvfb", "-noreset", "-displayfd", str(write), "-screen", "0",
+                   f"{self._size}x24", "-dpi", str(self._dpi), "-nolisten", "tcp",
+                   "-fbdir", self._screen.name]
         self._launch(command, pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as answer:
@@ -46,18 +48,9 @@ class Display:
         self._start_window_manager(settings.name)
         self.run("xsetroot", "-solid", "#5b7fa6")
 
-    def _start_window_manager(self, settings, tries=3):
-        """Starts openbox. On a busy machine it happens that one never gets to its work; it goes,
-        and another one comes."""
-        for left in reversed(range(tries)):
-            self._launch(["openbox", "--sm-disable", "--config-file", settings])
-            try:
-                until("the window manager", self._is_managed, patience=10)
-                return
-            except NotReached:
-                if left == 0:
-                    raise
-                self._end(self._processes.pop())
+    def _start_window_manager(self, settings):
+        self._launch(["openbox", "--sm-disable", "--config-file", settings])
+        until("the window manager", self._is_managed)
 
     def _launch(self, command, **options):
         process = subprocess.Popen(command, env=self.environment(), stdin=subprocess.DEVNULL,
