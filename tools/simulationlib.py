@@ -10,6 +10,8 @@ import time
 import gtest
 import ringlib
 
+# The long form is played by the fast build; ./test plays a short one under the sanitizers.
+FAST, CHECKED = "native-fast", "native"
 TIME_LIMIT = 3600  # the long form is minutes of work, and other work may slow it down
 
 
@@ -18,9 +20,9 @@ ENOUGH_TWICE = 2000  # transactions of the run that is played twice
 
 def prove(cases, part, variable, count, twice=None):
     """Shares `count` transactions out, counts the cases, and writes the figures of all shares. The
-    case `twice` is played by two processes more, which have to do the same."""
+    case `twice` is played by two processes more, of two compilers, which have to do the same."""
     folder = pathlib.Path(os.environ["TOLLVANE_PROOF"])
-    ringlib.build("native", "simulation_tests")
+    ringlib.build(FAST, "simulation_tests")
     tally = ringlib.Tally()
     cores = os.cpu_count()
     started = time.monotonic()
@@ -35,10 +37,10 @@ def prove(cases, part, variable, count, twice=None):
     tally.close()
 
 
-def start(folder, cases, part, share, sizes):
+def start(folder, cases, part, share, sizes, preset=FAST):
     """Starts a process that plays one share; its figures come into the folder."""
     report = folder / f"{part}-{share}.json"
-    program = ringlib.BUILD / "native" / "tests" / "proof" / "simulation" / "simulation_tests"
+    program = ringlib.BUILD / preset / "tests" / "proof" / "simulation" / "simulation_tests"
     return report, subprocess.Popen(
         [program, f"--gtest_filter={cases}", "--gtest_brief=1", f"--gtest_output=json:{report}"],
         env={**os.environ, **sizes, "TOLLVANE_PROOF": str(folder), "TOLLVANE_SHARE": str(share)},
@@ -53,16 +55,18 @@ def finish(part, processes, tally):
 
 
 def compare_two(folder, case, part, sizes, tally):
-    """Plays a case of one seed in two processes at a time; rows of what both tell of their trace."""
-    places = [folder / "one", folder / "other"]
-    for place in places:
+    """Plays a case of one seed in a process of each build; rows of what both tell of their trace."""
+    ringlib.build(CHECKED, "simulation_tests")
+    places = {preset: folder / preset for preset in (FAST, CHECKED)}
+    for place in places.values():
         place.mkdir(exist_ok=True)
-    finish(part, [start(place, case, part, 0, sizes) for place in places], tally)
-    digests = [digest_in(place / f"{part}-0.txt") for place in places]
+    finish(part, [start(place, case, part, 0, sizes, preset) for preset, place in places.items()],
+           tally)
+    digests = [digest_in(place / f"{part}-0.txt") for place in places.values()]
     tally.check("two processes play the same seed alike",
                 [] if digests[0] == digests[1] != "" else [f"digests {digests}"])
-    return [f"| trace of {'/'.join(sizes.values())} in process {which} | {digest} |"
-            for which, digest in zip(("one", "two"), digests)]
+    return [f"| trace of {'/'.join(sizes.values())} by {preset} | {digest} |"
+            for preset, digest in zip(places, digests)]
 
 
 def digest_in(path):
