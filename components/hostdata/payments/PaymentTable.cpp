@@ -1,6 +1,7 @@
 #include "components/hostdata/payments/PaymentTable.h"
 
 #include "components/hostdata/HostDataError.h"
+#include "components/hostdata/store/Schema.h"
 #include "platform/Checksum.h"
 
 namespace tollvane::hostdata {
@@ -56,10 +57,9 @@ PaymentValues valuesOf(const Statement& row) {
     return values;
 }
 
-// Records of the first version have no checksum.
 bool isAsStored(const Statement& row, const PaymentValues& values) {
-    const int column = static_cast<int>(values.size());
-    return row.isNull(column) || row.text(column) == checksumOf(values);
+    const std::string checksum = row.text(static_cast<int>(values.size()));
+    return checksum == kNoChecksum || checksum == checksumOf(values);
 }
 
 } // namespace

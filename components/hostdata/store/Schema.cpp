@@ -8,7 +8,9 @@ namespace {
 
 constexpr std::int64_t kApplicationId = 0x54564844; // "TVHD"
 constexpr std::int64_t kFirstVersion = 1;
-constexpr std::int64_t kVersion = 2;
+constexpr std::int64_t kVersionWithChecksums = 2;
+// A bit that is lost from this number leaves none that an older store has.
+constexpr std::int64_t kVersion = 4;
 // About 4 MB, or the payments of some months.
 constexpr std::int64_t kPagesCheckedWhole = 1024;
 
@@ -56,14 +58,17 @@ CREATE TABLE store_settings (
 ) WITHOUT ROWID;
 INSERT INTO store_settings (name, value) VALUES ('name_salt', randomblob(16));
 PRAGMA application_id=1414940740;
-PRAGMA user_version=2;
+PRAGMA user_version=4;
 )sql";
 
-// Payments that a store of the first version holds have no checksum.
-constexpr const char* kFromFirstVersion = R"sql(
-ALTER TABLE payments ADD COLUMN checksum TEXT;
-PRAGMA user_version=2;
+// The payments that a store of the first version holds say that they have no checksum: one without
+// anything in its place is damaged.
+constexpr const char* kFromFirstVersion = "ALTER TABLE payments ADD COLUMN checksum TEXT";
+constexpr const char* kMarkUnchecked = R"sql(
+UPDATE payments SET checksum = 'none' WHERE checksum IS NULL;
+PRAGMA user_version=4;
 )sql";
+static_assert(kNoChecksum == "none");
 
 std::int64_t pragma(Database& database, const char* sql) {
     auto statement = database.prepare(sql);
@@ -111,15 +116,18 @@ void createTables(Database& database) {
 void upgradeTables(Database& database) {
     Transaction transaction(database);
     // Another process may have been quicker.
-    if (!hasPaymentChecksums(database))
+    const std::int64_t version = pragma(database, "PRAGMA user_version");
+    if (version < kVersionWithChecksums)
         database.execute(kFromFirstVersion);
+    if (version < kVersion)
+        database.execute(kMarkUnchecked);
     transaction.commit();
 }
 
 } // namespace
 
-bool hasPaymentChecksums(Database& database) {
-    return pragma(database, "PRAGMA user_version") >= 2;
+bool isUpToDate(Database& database) {
+    return pragma(database, "PRAGMA user_version") >= kVersion;
 }
 
 void prepareSchema(Database& database) {
@@ -128,7 +136,7 @@ void prepareSchema(Database& database) {
         createTables(database);
     requireOurSchema(database);
     checkSound(database);
-    if (!hasPaymentChecksums(database))
+    if (!isUpToDate(database))
         upgradeTables(database);
 }
 

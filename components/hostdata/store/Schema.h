@@ -3,6 +3,8 @@
 
 #include "components/hostdata/store/Database.h"
 
+#include <string_view>
+
 namespace tollvane::hostdata {
 
 // Creates the tables in a new file; checks an existing one, and brings one of an older version up
@@ -14,7 +16,11 @@ void prepareSchema(Database& database);
 // for one written by a newer version.
 void requireOurSchema(Database& database);
 
-// False for a file of the first version that no server has opened since.
-[[nodiscard]] bool hasPaymentChecksums(Database& database);
+// False for a file of an older version that no server has opened since: its payments may lack
+// checksums.
+[[nodiscard]] bool isUpToDate(Database& database);
+
+// In place of the checksum of a payment that was stored before there were any.
+inline constexpr std::string_view kNoChecksum = "none";
 
 } // namespace tollvane::hostdata

@@ -48,7 +48,7 @@ StoreCheck problemsOf(Database& database) {
         check.problems.push_back("A row of the table \"" + references.text(0) +
                                  "\" refers to a row of \"" + references.text(2) +
                                  "\" that is not there.");
-    if (hasPaymentChecksums(database))
+    if (isUpToDate(database))
         for (const std::int64_t id : PaymentTable(database).damaged(kMostRecords))
             check.problems.push_back("The payment record with the number " + std::to_string(id) +
                                      " is not as it was stored.");

@@ -44,7 +44,8 @@ TEST_F(PaymentRecordTest, ARecordThatChangedSinceItWasStoredIsRefusedAsDamaged) 
     for (const char* change :
          {"UPDATE payments SET amount = amount + 1", "UPDATE payments SET approval = 'OK1235'",
           "UPDATE payments SET zip = ''", "UPDATE payments SET street = approval",
-          "UPDATE payments SET id = id + 100", "UPDATE payments SET checksum = ''"}) {
+          "UPDATE payments SET id = id + 100", "UPDATE payments SET checksum = ''",
+          "UPDATE payments SET checksum = NULL"}) {
         fill(record, -250'000);
         record.update();
         store.write([&](Database& database) { database.execute(change); });
@@ -72,6 +73,22 @@ TEST_F(PaymentRecordTest, AStoreOfTheFirstVersionIsBroughtUpToDate) {
     fill(reader, 1);
     EXPECT_NO_THROW(reader.update());
     EXPECT_NO_THROW(reader.getRecordById(2));
+}
+
+TEST_F(PaymentRecordTest, AStoreOfTheSecondVersionKeepsItsUncheckedPayments) {
+    {
+        Store old(folder.file("old.db"));
+        old.write([](Database& database) {
+            database.execute("INSERT INTO payments (created, amount) VALUES ('then', 12500);"
+                             "PRAGMA user_version=2");
+        });
+    }
+    Store upgraded(folder.file("old.db"));
+    PaymentRecord reader(upgraded, clock, {}, {});
+    EXPECT_NO_THROW(reader.getRecordById(1));
+    upgraded.write(
+        [](Database& database) { database.execute("UPDATE payments SET checksum = NULL"); });
+    EXPECT_EQ(failureOf([&] { reader.getRecordById(1); }), Failure::storeDamaged);
 }
 
 TEST_F(PaymentRecordTest, AFieldThatWasNotSetIsNothing) {

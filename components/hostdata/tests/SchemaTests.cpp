@@ -57,8 +57,20 @@ TEST(Schema, AStoreThatAnotherTillUpgradedMeanwhileIsNotUpgradedAgain) {
     const QuickerTill other(database, folder.file());
     prepareSchema(database);
     EXPECT_EQ(other.turns(), 1);
-    EXPECT_TRUE(hasPaymentChecksums(database));
+    EXPECT_TRUE(isUpToDate(database));
     EXPECT_EQ(count(database, "SELECT count(checksum) FROM payments"), 0);
+}
+
+TEST(Schema, NoBitThatIsLostFromTheVersionLeavesOneThatIsTaken) {
+    const TestFolder folder;
+    Database database(folder.file());
+    prepareSchema(database);
+    const std::int64_t version = count(database, "PRAGMA user_version");
+    for (int bit = 0; bit < 31; ++bit) {
+        const std::int64_t damaged = version ^ (std::int64_t{1} << bit);
+        database.execute(("PRAGMA user_version=" + std::to_string(damaged)).c_str());
+        EXPECT_ANY_THROW(requireOurSchema(database)) << damaged;
+    }
 }
 
 } // namespace

@@ -15,8 +15,8 @@ void addPayments(Store& store, int count) {
     store.write([&](Database& database) {
         database
             .prepare("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
-                     "INSERT INTO payments (created, street) "
-                     "SELECT '2026-11-21T09:05:03Z', '12 Harbor Road' FROM n")
+                     "INSERT INTO payments (created, street, checksum) "
+                     "SELECT '2026-11-21T09:05:03Z', '12 Harbor Road', 'none' FROM n")
             .bind(std::int64_t{count})
             .run();
     });
@@ -232,8 +232,8 @@ TEST(StoreCare, ALargeStoreIsCopiedInSteps) {
     makeStore(folder.file(), 1);
     Database(folder.file())
         .execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1200) "
-                 "INSERT INTO payments (created, street) "
-                 "SELECT 'then', hex(zeroblob(2000)) FROM n");
+                 "INSERT INTO payments (created, street, checksum) "
+                 "SELECT 'then', hex(zeroblob(2000)), 'none' FROM n");
     backUpStore(folder.file(), folder.file("copy.db"));
     EXPECT_EQ(storeFacts(folder.file("copy.db")).payments, 1201);
 }

@@ -128,8 +128,8 @@ void fillLarge(const std::string& path) {
     Store store(path);
     store.write([](Database& database) {
         database.execute("WITH RECURSIVE number(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM number "
-                         "WHERE n < 6000) INSERT INTO payments (created, street) "
-                         "SELECT 'now', hex(zeroblob(500)) FROM number");
+                         "WHERE n < 6000) INSERT INTO payments (created, street, checksum) "
+                         "SELECT 'now', hex(zeroblob(500)), 'none' FROM number");
     });
 }
 
@@ -181,7 +181,7 @@ TEST(Store, TheFileOfAnotherProgramThatCountsItsVersionsIsRefused) {
 TEST(Store, AFileOfANewerVersionIsRefused) {
     const TestFolder folder;
     Store first(folder.file());
-    first.read([](Database& database) { database.execute("PRAGMA user_version=3"); });
+    first.read([](Database& database) { database.execute("PRAGMA user_version=5"); });
     Store second(folder.file());
     EXPECT_EQ(failureOf([&] { rows(second); }), Failure::storeTooNew);
 }

@@ -255,7 +255,7 @@ void Shop::secondTry(const Faults& faults) {
         return;
     }
     if (dice_.percent(50)) {
-        ground_.line.deliver(ground_.disk, ground_.settings.settings.dataFolder);
+        deliverLate();
         ground_.line.dead = false;
     }
     const bool again = ground_.dark || !counter_->isOpen();

@@ -42,6 +42,8 @@ private:
     void armMachine(const Faults& faults);
     void noteWhatStruck(const Faults& faults);
     void disarm(const Faults& faults);
+    /// What was on its way arrives at the processor, whose disk is elsewhere.
+    void deliverLate();
     void meddle(const Faults& faults);
     void meddleOverBox(const Faults& faults, const Message& box);
     void moveClock(const Faults& faults);

@@ -200,13 +200,15 @@ void Shop::disarm(const Faults& faults) {
     host_.troubles.clear();
     host_.struck.clear();
     ground_.disk.heal();
-    const bool dark = ground_.dark;
-    ground_.disk.setDark(false);
-    ground_.line.deliver(ground_.disk, ground_.settings.settings.dataFolder);
-    ground_.disk.setDark(dark);
+    deliverLate();
     ground_.line.troubles.clear();
     ground_.line.struck.clear();
     ground_.line.dead = false;
+}
+
+void Shop::deliverLate() {
+    ground_.disk.undisturbed(
+        [this] { ground_.line.deliver(ground_.disk, ground_.settings.settings.dataFolder); });
 }
 
 void Shop::meddle(const Faults& faults) {

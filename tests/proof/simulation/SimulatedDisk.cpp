@@ -1,5 +1,7 @@
 #include "tests/proof/simulation/SimulatedDisk.h"
 
+#include <utility>
+
 namespace tollvane::simulation {
 
 namespace {
@@ -41,6 +43,14 @@ void SimulatedDisk::cutPower() {
     dark_ = true;
     onPowerCut();
     throw PowerCut();
+}
+
+void SimulatedDisk::undisturbed(const std::function<void()>& work) {
+    const bool dark = std::exchange(dark_, false);
+    auto plans = std::exchange(plans_, {});
+    work();
+    dark_ = dark;
+    plans_ = std::move(plans);
 }
 
 std::string SimulatedDisk::read(const charge::FilePath& file, std::uint64_t from) {

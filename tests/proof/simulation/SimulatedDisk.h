@@ -41,6 +41,8 @@ public:
 
     /// Runs when the power goes off; from then on every call ends the process.
     std::function<void()> onPowerCut;
+    /// Works with power and without troubles, as on the disk of a processor elsewhere.
+    void undisturbed(const std::function<void()>& work);
     void setDark(bool dark) { dark_ = dark; }
 
     /// A file as it is, whatever is planned.
