@@ -69,26 +69,30 @@ class Workshop:
         self.folder = folder
         self.compiles = coverage.compiled(build)
         self.readers = readers(build)
-        self.links = {program: self.link_command(program) for program in gtest.programs(build)}
+        self.links, self.parts = {}, {}
+        for program in gtest.programs(build):
+            self.links[program], self.parts[program] = self.made_of(program)
         self.suites = suites_by_source()
 
-    def link_command(self, program):
-        """The command that links a program, as words."""
+    def made_of(self, program):
+        """The command that links a program, as words, and the sources that it consists of."""
         target = os.path.relpath(program, self.build)
-        shown = subprocess.run(["ninja", "-C", str(self.build), "--quiet", "-t", "commands", "-s",
-                                target], text=True, check=True, capture_output=True).stdout
-        command = shown.strip().splitlines()[-1].removeprefix(": && ").removesuffix(" && :")
-        return shlex.split(command)
+        *commands, link = subprocess.run(
+            ["ninja", "-C", str(self.build), "--quiet", "-t", "commands", target],
+            text=True, check=True, capture_output=True).stdout.strip().splitlines()
+        sources = {os.path.relpath(found[1], ringlib.TOP)
+                   for found in (re.search(r" -c (\S+)$", each) for each in commands) if found}
+        return shlex.split(link.removeprefix(": && ").removesuffix(" && :")), sources
 
     def compile(self, name, text, worker):
-        """The objects of a changed source, or of the sources that read a changed header; nothing
-        when one does not compile."""
+        """{source: object} of a changed source, or of the sources that read a changed header;
+        nothing when one does not compile."""
         place = self.folder / worker
         shutil.rmtree(place, ignore_errors=True)
         changed = place / "changed" / name
         changed.parent.mkdir(parents=True)
         changed.write_text(text, encoding="utf-8")
-        found = []
+        found = {}
         for source in sorted(self.readers.get(name, [name])):
             known, result = self.compiles[source], place / f"{source.replace('/', '_')}.o"
             words = [word for word in shlex.split(known["command"]) if not word.endswith("ccache")]
@@ -100,8 +104,8 @@ class Workshop:
                                   cwd=known["directory"], check=False, stdin=subprocess.DEVNULL,
                                   capture_output=True)
             if done.returncode:
-                return []
-            found.append(str(result))
+                return {}
+            found[source] = str(result)
         return found
 
     def programs(self, name):
@@ -112,12 +116,13 @@ class Workshop:
                 if pathlib.Path(program).name == part]
 
     def link(self, program, changed, worker):
-        """The program with the changed objects."""
+        """The program with those of the changed objects that it consists of."""
         words = list(self.links[program])
         result = self.folder / worker / pathlib.Path(program).name
         words[words.index("-o") + 1] = str(result)
         first = next(i for i, word in enumerate(words) if word.endswith(".o"))
-        words[first:first] = [*changed, *LINKER]
+        words[first:first] = [*(made for source, made in changed.items()
+                                if source in self.parts[program]), *LINKER]
         done = subprocess.run(words, cwd=self.build, check=False, stdin=subprocess.DEVNULL,
                               capture_output=True)
         return result if done.returncode == 0 else None
@@ -135,6 +140,8 @@ class Workshop:
         if not changed:
             return "none"
         for program in self.programs(name):
+            if self.parts[program].isdisjoint(changed):
+                continue
             linked = self.link(program, changed, worker)
             if linked is None:
                 return "none"
