@@ -55,7 +55,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         if (message.message == WM_KEYDOWN && message.wParam == VK_F9) {
             // What the system's own box costs, without a payment before it.
-            MessageBoxA(window, "This is a box.", "Approved", MB_OK);
+            MessageBoxA(window, "This is a box as wide as the one of a payment.", "Approved",
+                        MB_OK);
             continue;
         }
         TranslateMessage(&message);
