@@ -68,7 +68,6 @@ constexpr const char* kMarkUnchecked = R"sql(
 UPDATE payments SET checksum = 'none' WHERE checksum IS NULL;
 PRAGMA user_version=4;
 )sql";
-static_assert(kNoChecksum == "none");
 
 std::int64_t pragma(Database& database, const char* sql) {
     auto statement = database.prepare(sql);
@@ -131,7 +130,8 @@ bool isUpToDate(Database& database) {
 }
 
 void prepareSchema(Database& database) {
-    static_assert(kApplicationId == 1414940740);
+    // What the statements above say in numbers and words.
+    static_assert(kApplicationId == 1414940740 && kVersion == 4 && kNoChecksum == "none");
     if (pragma(database, "PRAGMA user_version") == 0)
         createTables(database);
     requireOurSchema(database);

@@ -58,14 +58,17 @@ TEST_F(PaymentRecordTest, ARecordThatChangedSinceItWasStoredIsRefusedAsDamaged) 
     }
 }
 
+// A store of an older version, which `change` makes of a new one, with a payment of that time.
+void makeOld(const std::string& path, const char* change) {
+    Store(path).write([&](Database& database) {
+        database.execute(change);
+        database.execute("INSERT INTO payments (created, amount) VALUES ('then', 12500)");
+    });
+}
+
 TEST_F(PaymentRecordTest, AStoreOfTheFirstVersionIsBroughtUpToDate) {
-    {
-        Store old(folder.file("old.db"));
-        old.write([](Database& database) {
-            database.execute("ALTER TABLE payments DROP COLUMN checksum; PRAGMA user_version=1;"
-                             "INSERT INTO payments (created, amount) VALUES ('then', 12500)");
-        });
-    }
+    makeOld(folder.file("old.db"), "ALTER TABLE payments DROP COLUMN checksum; "
+                                   "PRAGMA user_version=1");
     Store upgraded(folder.file("old.db"));
     PaymentRecord reader(upgraded, clock, {}, {});
     reader.getRecordById(1);
@@ -76,13 +79,7 @@ TEST_F(PaymentRecordTest, AStoreOfTheFirstVersionIsBroughtUpToDate) {
 }
 
 TEST_F(PaymentRecordTest, AStoreOfTheSecondVersionKeepsItsUncheckedPayments) {
-    {
-        Store old(folder.file("old.db"));
-        old.write([](Database& database) {
-            database.execute("INSERT INTO payments (created, amount) VALUES ('then', 12500);"
-                             "PRAGMA user_version=2");
-        });
-    }
+    makeOld(folder.file("old.db"), "PRAGMA user_version=2");
     Store upgraded(folder.file("old.db"));
     PaymentRecord reader(upgraded, clock, {}, {});
     EXPECT_NO_THROW(reader.getRecordById(1));
