@@ -14,17 +14,31 @@ namespace {
 
 constexpr std::size_t kMostBlocks = 4096;
 
+/// More than a walk leaves out of the last free block, and less than a page.
+constexpr std::size_t kPastTheEnd = 128;
+
 bool isFree(const PROCESS_HEAP_ENTRY& entry) noexcept {
     return entry.wFlags == 0 && entry.cbData > 0;
 }
 
-/// The sizes of the heap's free blocks, as a walk tells them.
+bool isUncommitted(const PROCESS_HEAP_ENTRY& entry) noexcept {
+    return (entry.wFlags & PROCESS_HEAP_UNCOMMITTED_RANGE) != 0 && entry.cbData > 0;
+}
+
+/// The sizes of the heap's free blocks, as a walk tells them. The last one goes on to where the
+/// memory is not in use yet, with some bytes that the walk leaves out: it is told longer, into
+/// what the heap can still grow by.
 class FreeSizes {
 public:
     explicit FreeSizes(HANDLE heap) noexcept {
         PROCESS_HEAP_ENTRY entry{};
+        bool wasFree = false;
         while (count_ < kMostBlocks && HeapWalk(heap, &entry) != FALSE) {
-            if (isFree(entry)) {
+            if (wasFree && isUncommitted(entry)) {
+                sizes_[count_ - 1] += kPastTheEnd;
+            }
+            wasFree = isFree(entry);
+            if (wasFree) {
                 sizes_[count_++] = entry.cbData;
             }
         }

@@ -133,11 +133,15 @@ void Win32TextBox::setInPieces(std::string_view text) {
 LRESULT Win32TextBox::edited(UINT message, WPARAM first, LPARAM second) {
     const SecretText before = secretText();
     const LRESULT answer = native(message, first, second);
-    if (!isMasked_) {
+    const bool changed = window() && secretText() != before;
+    const bool isKey = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
+    // The same text once more is shaped anew, but not after a key like Shift.
+    const bool freed = changed || !(isKey || before.empty());
+    if (freed && !isMasked_) {
         // Its shaping of the old text is freed now: what is allocated next must not take that up.
         wipeFreedMemory();
     }
-    if (window() && secretText() != before) {
+    if (changed) {
         raise(on.change);
     }
     return answer;

@@ -66,5 +66,21 @@ TEST(FreedMemory, NothingIsLeftInFreeBlocksOfAnySize) {
     EXPECT_EQ(search.count(), 0);
 }
 
+TEST(FreedMemory, NothingIsLeftAtTheEndOfTheHeap) {
+    const MemorySearch search(kHead, kTail);
+    constexpr std::size_t kPiece = 1000; // smaller than what the heap grows by
+    constexpr std::size_t kPieces = 400; // more than the heap has room for between its blocks
+    Blocks freed;
+    for (std::size_t i = 0; i < kPieces; ++i) {
+        fill(freed.take(kPiece), kPiece);
+    }
+    freed.giveBack();
+    ASSERT_GT(search.count(), 0);
+
+    win32::wipeFreedMemory();
+
+    EXPECT_EQ(search.count(), 0);
+}
+
 } // namespace
 } // namespace tollvane::test

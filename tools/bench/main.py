@@ -41,9 +41,9 @@ def measure_sales(shop, series):
     plain = floor.start()
     window, middle = shop.beside(form)
     for _ in range(RUNS):
-        own, helpers = sale.swipe_cost(shop, run.program, place)
+        own, helpers = sale.swipe_cost(shop, run.program, form, place)
         series.note("tollvane", {"swipe": own, "swipe_helpers": helpers})
-        own, helpers = sale.swipe_cost(shop, floor, middle, clear=True)
+        own, helpers = sale.swipe_cost(shop, floor, window, middle, clear=True)
         series.note("floor", {"swipe": own, "swipe_helpers": helpers,
                               "box": sale.bare_box(shop.screen, [form, window])})
     shop.screen.close(window)

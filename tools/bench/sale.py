@@ -14,6 +14,7 @@ BURST = "%B4012888888881881^SMITH/JOHN^2912101000000?\r;4012888888881881=2912101
 SWIPES = 8
 PACE = 1  # ms between two characters
 REST = 0.4
+LONGEST_WORK = 50  # times of rest
 APPROVED = "Approved"
 HOLDER, AMOUNT = "txtCardName", "txtAmount"
 EMPTY_AT_FIRST = ("txtAuthNum", "txtTransactionNumber")
@@ -62,29 +63,40 @@ class Clerk:
         return pressed, shown, box
 
 
-def swipe_cost(shop, program, place, clear=False):
+def swipe_cost(shop, program, window, place, clear=False):
     """Processor time of a few swipes (ms a swipe): the program's own, and its helpers'."""
+    shop.screen.click(*place)
+    # Keys that come before the window manager has handed the click on go to the other window.
+    until("the keyboard", lambda: shop.screen.has_keyboard(window))
     if clear:
-        shop.screen.click(*place)
         shop.screen.press("a", "Control_L")
         shop.screen.press("Delete")
-    time.sleep(REST)
-    own, helpers = program.processes(), program.helpers()
-    before = processes.processor_seconds(own), processes.processor_seconds(helpers)
+    before = spent(program)
     for _ in range(SWIPES):
         shop.screen.click(*place)
         shop.reader.send(BURST, PACE)
-    time.sleep(REST)
-    after = processes.processor_seconds(own), processes.processor_seconds(helpers)
-    return tuple((late - early) * 1000 / SWIPES for early, late in zip(before, after))
+    return tuple((late - early) * 1000 / SWIPES for early, late in zip(before, spent(program)))
+
+
+def spent(program):
+    """The processor seconds of a program and of its helpers, once it has nothing left to do."""
+    own, helpers = program.processes(), program.helpers()
+    for _ in range(LONGEST_WORK):
+        earlier = processes.processor_seconds(own)
+        time.sleep(REST)
+        later = processes.processor_seconds(own)
+        if later - earlier <= processes.TICK:
+            return later, processes.processor_seconds(helpers)
+    raise TimeoutError(f"{program.name} does not come to rest")
 
 
 def bare_box(screen, windows):
-    """The ms from a key in the bare window, which has the keyboard, to the painted box that it
-    asks the system for."""
+    """The ms from a key in the bare window, the last one of these, which has the keyboard, to the
+    painted box that it asks the system for."""
     pressed = screen.press("F9")
     box, shown = starts.await_window(screen, APPROVED, beside=windows)
     dismiss(screen, box)
+    until("the keyboard back from the box", lambda: screen.has_keyboard(windows[-1]))
     return (shown - pressed) * 1000
 
 

@@ -78,6 +78,11 @@ class Screen:
             xtest.fake_input(self._display, kind, 1)
         self._display.sync()
 
+    def has_keyboard(self, window):
+        """Whether keys go to that window."""
+        focus = self._display.get_input_focus().focus
+        return getattr(focus, "id", focus) == window.id
+
     def close(self, window):
         """Asks a window to close, as the cross in its frame does."""
         protocols = self._display.intern_atom("WM_PROTOCOLS")
