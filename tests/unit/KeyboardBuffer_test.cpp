@@ -133,6 +133,18 @@ TEST(KeyboardBuffer, CountsAfreshForTheNextText) {
     EXPECT_EQ(box.text, ";1?");
 }
 
+TEST(KeyboardBuffer, CountsAfreshForASwipeBehindOneThatBrokeOff) {
+    Box box;
+    box.type(";1");
+    box.now += 1500;
+    box.type("%B5");
+    box.now += 1500;
+
+    box.type("\r");
+
+    EXPECT_EQ(box.text, "%B5\r");
+}
+
 TEST(KeyboardBuffer, IsEmptiedWhenItsTimeIsOver) {
     Box box;
     box.type("%abc");

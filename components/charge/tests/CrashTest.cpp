@@ -90,6 +90,20 @@ TEST(PowerCut, DuringTheSettlingAfterAPowerCutDoesNoHarmEither) {
     }
 }
 
+TEST(PowerCut, InARefundLeavesTheTransactionThatItRefersToInTheLog) {
+    Shop shop;
+    const std::string charge = shop.charged(amount);
+    shop.clock.nextDay();
+    shop.files.failAt(1, Fault::CutAfter, false, "data/ledger-test.dat");
+    try {
+        shop.refund(charge, amount);
+    } catch (const PowerCut&) {
+    }
+    shop.restart();
+    ASSERT_EQ(1u, linesWith(shop, "REFUND"));
+    EXPECT_NE(std::string::npos, shop.logLines().back().find(charge)) << shop.logLines().back();
+}
+
 // A write that fails without a crash: either an error before anything was sent, or the true answer.
 void failWriteAt(int change, Fault fault, bool repeated) {
     SCOPED_TRACE("change " + std::to_string(change) + (repeated ? " and all later" : ""));

@@ -51,6 +51,11 @@ TEST(GatewayMoney, OtherTextsAreATypeMismatch) {
         EXPECT_EQ(failurenumber::notAnAmount, problemWith(text)) << text;
 }
 
+TEST(GatewayMoney, ItsErrorsAreTheRunTimesOwnToACaller) {
+    EXPECT_EQ(0x800A000Du, problemWith("abc"));
+    EXPECT_EQ(0x800A0006u, problemWith("922337203685477.5808"));
+}
+
 TEST(GatewayMoney, EveryTextThatIsWrittenIsReadBack) {
     for (std::int64_t scaled = -25'000; scaled <= 25'000; scaled += 7)
         ASSERT_EQ(scaled, moneyFromGatewayText(gatewayText(Money::fromScaled(scaled))).scaled());
