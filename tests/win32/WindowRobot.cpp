@@ -10,6 +10,7 @@
 #include <array>
 #include <climits>
 #include <cstring>
+#include <stdexcept>
 
 namespace tollvane::test {
 
@@ -20,6 +21,33 @@ namespace {
 constexpr UINT kWatchInterval = 10;       // milliseconds
 constexpr std::uint64_t kPatience = 5000; // milliseconds until a state must have come
 constexpr BYTE kKeyIsDown = 0x80;
+
+/// A timer of its own: once it rings, every timer that was due before it has fired, however late a
+/// busy machine delivers them.
+class Alarm {
+public:
+    explicit Alarm(int milliseconds)
+        : timer_(SetTimer(nullptr, 0, static_cast<UINT>(milliseconds), ring)) {
+        if (timer_ == 0) {
+            throw std::runtime_error("no timer for the alarm");
+        }
+        lastRung = 0; // the number may be that of an earlier one
+    }
+    Alarm(const Alarm&) = delete;
+    Alarm& operator=(const Alarm&) = delete;
+    ~Alarm() { KillTimer(nullptr, timer_); }
+
+    bool rang() const { return lastRung == timer_; }
+
+private:
+    static void CALLBACK ring(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+        lastRung = timer;
+    }
+
+    // The callback is told no more than the timer's number.
+    static inline UINT_PTR lastRung = 0;
+    UINT_PTR timer_;
+};
 
 win32::NativeControl& nativeOf(Control& control) {
     return dynamic_cast<win32::NativeControl&>(control);
@@ -354,13 +382,9 @@ void WindowRobot::comeBackTo(Form& form) {
 }
 
 void WindowRobot::letTimePass(int milliseconds) {
-    const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(milliseconds);
     clock_.advance(static_cast<std::uint64_t>(milliseconds));
-    win32::pumpWaiting(forms_.ui());
-    for (std::uint64_t now = GetTickCount64(); now < end; now = GetTickCount64()) {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
-        win32::pumpWaiting(forms_.ui());
-    }
+    const Alarm alarm(milliseconds);
+    win32::pumpWhile(forms_.ui(), [&alarm] { return !alarm.rang(); });
 }
 
 } // namespace tollvane::test
