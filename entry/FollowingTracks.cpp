@@ -120,10 +120,21 @@ bool FollowingTracks::mayContinue(int keyAscii) const {
     return (isDigit(keyAscii) || keyAscii == track::secondSeparator) && held.size() < kLongestTrack;
 }
 
+bool FollowingTracks::inTrack() const {
+    // A sentinel alone may be the LRC of the track before.
+    if (held_.size() <= 1) {
+        return false;
+    }
+    return inBurst_ || (held_.view().front() == track::secondStart && hasDigitsOfACard());
+}
+
 bool FollowingTracks::isTrack() const {
     const std::string_view held = held_.view();
-    return (held.size() > 1 && held[1] == kReadError) ||
-           std::ranges::count_if(held, isDigit) >= kFewestDigits;
+    return (held.size() > 1 && held[1] == kReadError) || hasDigitsOfACard();
+}
+
+bool FollowingTracks::hasDigitsOfACard() const {
+    return std::ranges::count_if(held_.view(), isDigit) >= kFewestDigits;
 }
 
 } // namespace tollvane

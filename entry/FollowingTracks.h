@@ -23,6 +23,9 @@ public:
     /// The reader may still be sending.
     bool inBurst() const { return inBurst_; }
     bool holding() const { return !held_.empty(); }
+    /// What is held back is a track beyond doubt: it follows another one, or begins as track 2 and
+    /// has the digits of a card. (Behind a plus sign they may be a telephone number.)
+    bool inTrack() const;
 
 private:
     SecretText keyOfBurst(int& keyAscii);
@@ -31,6 +34,7 @@ private:
     void trackEnded();
     bool mayContinue(int keyAscii) const;
     bool isTrack() const;
+    bool hasDigitsOfACard() const;
 
     SecretText held_; ///< from a start sentinel on
     bool inBurst_ = false;

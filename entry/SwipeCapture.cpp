@@ -150,7 +150,7 @@ void SwipeCapture::settle() {
 void SwipeCapture::waitForPause() {
     Timer& timer = controls_.tmrSwipe;
     try {
-        if (parser_.reading()) {
+        if (parser_.reading() || following_.inTrack()) {
             restart(timer, recordPause);
         } else if (holding() || following_.inBurst()) {
             restart(timer, readerPause);

@@ -19,8 +19,8 @@ public:
     /// Milliseconds without a key after which a reader has certainly ended: readers pause 20 ms at
     /// the most.
     static constexpr int readerPause = 300;
-    /// The same for a record that is being read, where giving up too early would let the rest of
-    /// the card land in a field.
+    /// The same for a track that is being read, where giving up too early would let the rest of the
+    /// card land in a field.
     static constexpr int recordPause = 2000;
 
     /// What the form does at the two ends of a record.

@@ -334,6 +334,33 @@ TEST_F(FieldsSwipe, ThatBrokeOffLeavesTheAmountBoxUsable) {
     EXPECT_EQ(till.text("txtAmount"), "12.50");
 }
 
+TEST_F(FieldsSwipe, WaitsForTheRestOfATrackTwoThatStopsInTheMiddle) {
+    goTo("txtDescription");
+
+    type(std::string(kCard) + "\r;4111111");
+    pause();
+    type("111111111=27121010000000000?\r");
+    pause();
+
+    expectTaken();
+    expectNothingElse();
+    type("12.50");
+    EXPECT_EQ(till.text("txtAmount"), "12.50");
+}
+
+TEST_F(FieldsSwipe, WaitsForTheRestOfATrackTwoThatComesAlone) {
+    goTo("txtDescription");
+
+    type(";41111111");
+    pause();
+    type("11111111=27121010000000000?\r");
+    pause();
+
+    EXPECT_EQ(till.text("txtDescription"), "");
+    type("x");
+    EXPECT_EQ(till.text("txtDescription"), "x");
+}
+
 TEST_F(FieldsSwipe, ShowsTheTipOnlyWhenTheReaderHasEnded) {
     till.set("Options|ShowRefundVoidWarning", true);
     goTo("txtDescription");

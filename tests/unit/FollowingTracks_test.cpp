@@ -122,6 +122,37 @@ TEST(FollowingTracks, GivesBackWhatIsHeldWhenTheKeysPause) {
     }
 }
 
+TEST(FollowingTracks, KnowsATrackBehindAnotherOneByItsFirstDigit) {
+    Field field;
+    field.tracks.track1Taken();
+    field.type(";");
+    EXPECT_FALSE(field.tracks.inTrack()) << "it may be the LRC";
+
+    field.type("4");
+
+    EXPECT_TRUE(field.tracks.inTrack());
+    field.type("111111111111111=2712?");
+    EXPECT_FALSE(field.tracks.inTrack());
+}
+
+TEST(FollowingTracks, KnowsATrackThatComesAloneByTheDigitsOfACard) {
+    Field field;
+    field.type(";4111111");
+    EXPECT_FALSE(field.tracks.inTrack());
+
+    field.type("1");
+
+    EXPECT_TRUE(field.tracks.inTrack());
+}
+
+TEST(FollowingTracks, TakesNoTelephoneNumberForATrack) {
+    Field field;
+
+    field.type("+15551234567");
+
+    EXPECT_FALSE(field.tracks.inTrack());
+}
+
 TEST(FollowingTracks, DropsTheRemainsOfASwipeThatBrokeOff) {
     Field field;
     field.tracks.track1Taken();
