@@ -64,19 +64,20 @@ class Desk:
         """Clicks into a field and sends what a reader sends; a Tab comes last."""
         self._reader.click(self._places[name])
         # The window manager may hand the click on later than the keys behind it.
-        self._await_caret(name, name, interval=0.002)
+        self._await_caret(name, name, 0.002, self._form.focused)
         self._reader.send(text + "\t", self._pace)
 
     def shows(self, what, number, caret):
         """Waits for what the Tab does, the last of all, and until the form shows this card and nothing
         else."""
-        self._await_caret(what, caret, interval=0.01)
+        self._await_caret(what, caret, 0.01,
+                          lambda: (self._form.focused(), self._different(number)))
         until(what, lambda: not self._different(number), interval=0.01,
               otherwise=lambda: self._different(number))
 
-    def _await_caret(self, what, name, interval):
+    def _await_caret(self, what, name, interval, otherwise):
         until(f"the caret in {name}: {what}", lambda: self._form.focused() == name,
-              interval=interval, otherwise=self._form.focused)
+              interval=interval, otherwise=otherwise)
 
     def _different(self, number):
         there, _ = self._entry()
